@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Precompiled.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QWidget>
