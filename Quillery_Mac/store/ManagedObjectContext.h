@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillery_Mac/store/ManagedObject.h"
+#include "platform/Result.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+class MergeQueue;
+class ObjectTable;
+class StoreConnection;
+struct StoreChanges;
+
+/// The connections that a context reads and writes by, one per store kind; null where a store is
+/// not loaded.
+using StoreConnections = std::array<StoreConnection *, kStoreCount>;
+
+/// What changed in a context since the last notice. Every object is in one list only; the deleted
+/// ones are still readable.
+struct ObjectChanges
+{
+    std::vector<ManagedObject *> inserted;
+    std::vector<ManagedObject *> updated;
+    std::vector<ManagedObject *> deleted;
+
+    bool isEmpty() const { return inserted.empty() && updated.empty() && deleted.empty(); }
+    bool concerns(const Entity &entity) const;
+};
+
+/// A scratch pad over the stores: unique objects, changes that stay here until save(). Made by the
+/// PersistentContainer; used on one thread only (the view context on the main thread, others inside
+/// their background task).
+class ManagedObjectContext : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Role { View, Background };
+
+    ManagedObjectContext(Role role, const StoreConnections &connections, MergeQueue &mergeQueue);
+    ~ManagedObjectContext() override;
+
+    /// All objects of class E, unsaved ones included, deleted ones not: sorted by `order` or
+    /// `position` ascending, ties by objectId(). Empty when the store is not loaded.
+    template <class E>
+    std::vector<E *> fetch()
+    {
+        const std::vector<ManagedObject *> objects = fetchObjects(E::staticEntity());
+        std::vector<E *> result(objects.size());
+        for (std::size_t i = 0; i < objects.size(); ++i)
+            result[i] = static_cast<E *>(objects[i]);
+        return result;
+    }
+    /// How many objects fetch() would answer with.
+    template <class E>
+    qsizetype count()
+    {
+        return countObjects(E::staticEntity());
+    }
+    /// The object with this number; null when there is none (any more).
+    template <class E>
+    E *object(qint64 objectId)
+    {
+        return static_cast<E *>(findObject(E::staticEntity(), objectId));
+    }
+    /// A new object with all attributes missing, zero or false. It reaches the file by save().
+    template <class E>
+    E *insert()
+    {
+        return static_cast<E *>(insertObject(E::staticEntity()));
+    }
+    /// Takes the object out of all fetches at once and, by save(), out of the file.
+    void deleteObject(ManagedObject &object);
+
+    /// Writes what changed, one transaction per store, only the attributes that changed. Where
+    /// another context changed the same attribute meanwhile, ours stays; an object that was deleted
+    /// meanwhile stays deleted, which is no error.
+    /// Errors: Unavailable if a changed object's store is not loaded, Io if the file cannot be
+    /// written. What was not written stays changed, and a later save writes it.
+    platform::Result<void> save();
+    bool hasChanges() const;
+
+    /// Whose changes these are, for the persistent history; empty for the program itself.
+    void setTransactionAuthor(const QString &author) { m_author = author; }
+
+    /// Another number after every change of the objects of an entity.
+    quint64 revision(const Entity &entity) const;
+
+signals:
+    /// What changed here or was merged, coalesced: once per merge, and once per turn of the event
+    /// loop for the changes of this context.
+    void objectsDidChange(const ObjectChanges &changes);
+
+private:
+    friend class ManagedObject;
+    friend class PersistentContainer;
+
+    struct Notice;
+
+    std::vector<ManagedObject *> fetchObjects(const Entity &entity);
+    qsizetype countObjects(const Entity &entity);
+    ManagedObject *findObject(const Entity &entity, qint64 objectId);
+    ManagedObject *insertObject(const Entity &entity);
+    ObjectTable &table(const Entity &entity) const;
+
+    const Role m_role;
+    StoreConnections m_connections;
+    MergeQueue &m_mergeQueue;
+    QString m_author;
+    std::array<std::unique_ptr<ObjectTable>, kStoreCount> m_tables;
+    std::unique_ptr<Notice> m_notice;
+};

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillery_Mac/store/ManagedObjectContext.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class BackgroundQueue;
+class MergeQueue;
+class PersistentHistory;
+class PersistentStore;
+struct StoreDescription;
+
+/// The stores, the context that all views share, and background work on the stores. Created, used
+/// and destroyed on the main thread; destroying it waits for the background tasks.
+class PersistentContainer : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Task = std::function<void(ManagedObjectContext &context)>;
+
+    /// @param descriptions the stores, each kind at most once; loaded in this order
+    explicit PersistentContainer(const std::vector<StoreDescription> &descriptions);
+    ~PersistentContainer() override;
+
+    /// The context of all views and live fetches. What background tasks save is merged into it by
+    /// the event loop, or by waitForBackgroundTasks().
+    ManagedObjectContext &viewContext() { return *m_viewContext; }
+
+    /// Runs `task` on the container's one private thread, after all tasks given before, with a
+    /// context of its own that ends with the task. The task saves the context itself.
+    void performBackgroundTask(Task task);
+
+    /// Returns when all tasks given so far have ended and what they saved is merged into the view
+    /// context.
+    void waitForBackgroundTasks();
+
+    /// Whether the store of this kind was loaded and is in use.
+    bool isLoaded(StoreKind kind) const;
+
+    /// What was saved to a store, for those who carry it elsewhere. Main thread.
+    PersistentHistory &history(StoreKind kind);
+
+signals:
+    /// A context's save reached the file of the store; on the main thread.
+    void didSave(StoreKind kind);
+
+private:
+    void load(const StoreDescription &description);
+    void mergePending();
+
+    std::array<std::unique_ptr<PersistentStore>, kStoreCount> m_stores;
+    std::array<std::unique_ptr<PersistentHistory>, kStoreCount> m_histories;
+    std::unique_ptr<MergeQueue> m_mergeQueue;
+    std::unique_ptr<ManagedObjectContext> m_viewContext;
+    std::unique_ptr<BackgroundQueue> m_background;
+};
