@@ -40,8 +40,9 @@ public:
     /// Moves the keyboard to another window of the group.
     virtual void giveKeyboardTo(QWidget &window) = 0;
 
-    /// Gives the keyboard back to the window that had it, then hides every window of the group.
-    /// resigned() follows if it was key. Does nothing while nothing is presented.
+    /// Gives the keyboard back to the window that had it, then hides every window of the group. If
+    /// it was key, resigned() is sent before the call returns. Keyboard focus that went elsewhere
+    /// meanwhile stays there. Does nothing while nothing is presented.
     virtual void dismiss() = 0;
 
     /// True from present() until resigned().
@@ -49,7 +50,8 @@ public:
 
 signals:
     /// The group lost the keyboard: dismissed, clicked elsewhere, or another window took the focus.
-    /// Sent once for each present(). The windows may still be shown: the owner closes them.
+    /// Sent once from one present() that made the group key to the next. The windows may still be
+    /// shown: the owner closes them with dismiss().
     void resigned();
 };
 

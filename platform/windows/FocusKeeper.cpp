@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "platform/windows/FocusKeeper.h"
+
+#include "platform/log/Log.h"
+#include "platform/x11/X11Connection.h"
+
+namespace platform {
+
+FocusKeeper::FocusKeeper(X11Connection &connection)
+    : m_connection(connection)
+{
+}
+
+quint32 FocusKeeper::current() const
+{
+    const auto answer =
+        m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.xcb()));
+    return answer ? answer->focus : quint32(XCB_INPUT_FOCUS_NONE);
+}
+
+void FocusKeeper::remember()
+{
+    const auto answer =
+        m_connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection.xcb()));
+    m_window = answer ? answer->focus : quint32(XCB_INPUT_FOCUS_POINTER_ROOT);
+    m_revertTo = answer ? answer->revert_to : quint8(XCB_INPUT_FOCUS_POINTER_ROOT);
+}
+
+bool FocusKeeper::take(quint32 window)
+{
+    return give(window, XCB_INPUT_FOCUS_PARENT);
+}
+
+void FocusKeeper::giveBack()
+{
+    if (give(m_window, m_revertTo))
+        return;
+    const std::vector<quint32> active =
+        m_connection.numbers(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
+    if (active.empty() || active.front() == XCB_NONE || !give(active.front(), m_revertTo))
+        qCInfo(logWindows) << "The window that had the keyboard is gone";
+}
+
+bool FocusKeeper::give(quint32 window, quint8 revertTo)
+{
+    return m_connection.check(xcb_set_input_focus_checked(m_connection.xcb(), revertTo, window,
+                                                          XCB_CURRENT_TIME)) == 0;
+}
+
+} // namespace platform

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+namespace platform {
+
+class X11Connection;
+
+/// The X keyboard focus: takes it for a window of ours, and gives it back to the window that had
+/// it.
+///
+/// The window that has the focus need not be an application's top-level: it may be a child of one
+/// or a proxy beside it, and the focus may lie on nothing (0) or follow the pointer (1). Whatever
+/// it is, exactly that is restored. Main thread only; the connection must outlive the object.
+class FocusKeeper
+{
+public:
+    explicit FocusKeeper(X11Connection &connection);
+
+    /// The window that has the focus now; 0 or 1 for nothing and for "follows the pointer".
+    quint32 current() const;
+
+    /// Remembers who has the focus now.
+    void remember();
+
+    /// Gives the focus to a mapped window of ours.
+    /// @return false if the server refused, because the window cannot be seen
+    bool take(quint32 window);
+
+    /// Gives the focus back to whoever had it when remember() was called; if that window vanished
+    /// meanwhile, to the one that the window manager calls active; else the focus stays.
+    void giveBack();
+
+private:
+    bool give(quint32 window, quint8 revertTo);
+
+    X11Connection &m_connection;
+    quint32 m_window = 0;
+    quint8 m_revertTo = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "platform/windows/X11Desktop.h"
+
+#include "platform/windows/ReservedEdges.h"
+#include "platform/x11/X11Connection.h"
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include <cmath>
+
+namespace platform {
+
+namespace {
+
+/// Sources of a _NET_ACTIVE_WINDOW request. A window manager that guards the focus doubts an
+/// application; it obeys a pager, because that acts for the user, as we do here: activate() only
+/// ever follows a hot key, a click or a bus action. Extended Window Manager Hints 1.5.
+constexpr quint32 kSourcePager = 2;
+
+std::vector<Strut> strutsOf(X11Connection &connection)
+{
+    const std::vector<quint32> clients =
+        connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
+    const auto partial = connection.numbersOfAll(clients, connection.atom("_NET_WM_STRUT_PARTIAL"));
+    const auto whole = connection.numbersOfAll(clients, connection.atom("_NET_WM_STRUT"));
+    std::vector<Strut> struts;
+    for (std::size_t i = 0; i < clients.size(); ++i) {
+        if (const auto strut = Strut::fromProperty(partial[i].empty() ? whole[i] : partial[i]))
+            struts.push_back(*strut);
+    }
+    return struts;
+}
+
+QSize sizeOfDisplay(X11Connection &connection)
+{
+    const auto answer = connection.reply(xcb_get_geometry_reply,
+                                         xcb_get_geometry(connection.xcb(), connection.root()));
+    return answer ? QSize(answer->width, answer->height) : QSize();
+}
+
+/// A screen's place in the whole display in pixels. The toolkit leaves a screen's origin as it is
+/// and scales its size only.
+QRect inPixels(const QScreen &screen)
+{
+    const QRect points = screen.geometry();
+    const qreal ratio = screen.devicePixelRatio();
+    return {points.topLeft(),
+            QSize(qRound(points.width() * ratio), qRound(points.height() * ratio))};
+}
+
+/// The part `free` of the screen `whole`, both in pixels, in points; rounded inwards.
+QRect inPoints(const QScreen &screen, const QRect &whole, const QRect &free)
+{
+    const qreal ratio = screen.devicePixelRatio();
+    const auto points = [ratio](int pixels) { return static_cast<int>(std::ceil(pixels / ratio)); };
+    return screen.geometry().adjusted(
+        points(free.left() - whole.left()), points(free.top() - whole.top()),
+        -points(whole.right() - free.right()), -points(whole.bottom() - free.bottom()));
+}
+
+} // namespace
+
+std::unique_ptr<X11Desktop> X11Desktop::create()
+{
+    std::unique_ptr<X11Connection> connection = X11Connection::create();
+    if (connection == nullptr)
+        return nullptr;
+    return std::unique_ptr<X11Desktop>(new X11Desktop(std::move(connection)));
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection)
+    : m_connection(std::move(connection))
+{
+}
+
+X11Desktop::~X11Desktop() = default;
+
+QString X11Desktop::backendId() const
+{
+    return QStringLiteral("x11");
+}
+
+QPoint X11Desktop::pointer() const
+{
+    return QCursor::pos();
+}
+
+// _NET_WORKAREA is one rectangle for the whole display, so it only says something about a single
+// screen. There it also knows what docks without struts of their own take away.
+QRect X11Desktop::visibleFrame(QPoint point) const
+{
+    const QScreen *screen = screenHolding(point);
+    if (screen == nullptr)
+        return {};
+    const QRect whole = inPixels(*screen);
+    const QRect free = freePart(whole, sizeOfDisplay(*m_connection), strutsOf(*m_connection));
+    const QRect frame = inPoints(*screen, whole, free);
+    if (QGuiApplication::screens().size() > 1)
+        return frame;
+    const QRect common = frame & screen->availableGeometry();
+    return common.isEmpty() ? frame : common;
+}
+
+void X11Desktop::activate(QWidget &window)
+{
+    const auto id = static_cast<quint32>(window.winId());
+    setUserTime(id);
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    if (!m_connection->hasWindowManager()) {
+        window.activateWindow();
+        return;
+    }
+    // The window manager reads requests in the order in which the server got them: first the
+    // toolkit's request to map, then ours.
+    X11Connection::syncToolkit();
+    setUserTime(id);
+    askWindowManager(id);
+}
+
+void X11Desktop::noteUserTime(quint32 serverTime)
+{
+    m_userTime = serverTime;
+}
+
+void X11Desktop::setUserTime(quint32 window) const
+{
+    // Zero would mean: do not give this window the focus when it appears.
+    if (m_userTime == 0)
+        return;
+    X11Connection::syncToolkit();
+    m_connection->check(xcb_change_property_checked(m_connection->xcb(), XCB_PROP_MODE_REPLACE,
+                                                    window, m_connection->atom("_NET_WM_USER_TIME"),
+                                                    XCB_ATOM_CARDINAL, 32, 1, &m_userTime));
+}
+
+void X11Desktop::askWindowManager(quint32 window) const
+{
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = m_connection->atom("_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = kSourcePager;
+    message.data.data32[1] = m_userTime;
+    m_connection->check(xcb_send_event_checked(m_connection->xcb(), 0, m_connection->root(),
+                                               XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT |
+                                                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                                               reinterpret_cast<const char *>(&message)));
+}
+
+} // namespace platform

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "platform/windows/X11MenuWindows.h"
+
+#include "platform/log/Log.h"
+#include "platform/x11/X11Connection.h"
+
+#include <chrono>
+
+namespace platform {
+
+namespace {
+
+/// Window managers move the focus within a few milliseconds of a click; measured on openbox, xfwm4,
+/// i3, KWin, mutter and metacity.
+constexpr std::chrono::milliseconds kPressSettles{30};
+
+quint32 idOf(const QWidget *window)
+{
+    return window == nullptr ? 0 : static_cast<quint32>(window->internalWinId());
+}
+
+/// A tool tip or a context menu of a text field that stands over the menu belongs to it.
+bool isPopupOfOurs(quint32 window)
+{
+    const QWidget *widget = QWidget::find(window);
+    return widget != nullptr &&
+           (widget->windowType() == Qt::Popup || widget->windowType() == Qt::ToolTip);
+}
+
+/// Another program's grab of the keyboard, such as that of a hot key, does not move the focus.
+bool isCausedByGrab(const xcb_focus_out_event_t &event)
+{
+    return event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
+}
+
+} // namespace
+
+std::unique_ptr<X11MenuWindows> X11MenuWindows::create()
+{
+    std::unique_ptr<X11Connection> connection = X11Connection::create();
+    if (connection == nullptr)
+        return nullptr;
+    return std::unique_ptr<X11MenuWindows>(new X11MenuWindows(std::move(connection)));
+}
+
+X11MenuWindows::X11MenuWindows(std::unique_ptr<X11Connection> connection)
+    : m_connection(std::move(connection))
+    , m_focus(*m_connection)
+    , m_presses(*m_connection)
+{
+    m_pressTimer.setSingleShot(true);
+    m_pressTimer.setInterval(kPressSettles);
+    connect(&m_pressTimer, &QTimer::timeout, this, &X11MenuWindows::pressSettled);
+    connect(&m_presses, &OutsidePresses::pressed, this, &X11MenuWindows::pressed);
+    connect(m_connection.get(), &X11Connection::received, this, &X11MenuWindows::handle);
+}
+
+X11MenuWindows::~X11MenuWindows() = default;
+
+QString X11MenuWindows::backendId() const
+{
+    return QStringLiteral("x11");
+}
+
+Availability X11MenuWindows::availability() const
+{
+    return {true, {}};
+}
+
+// The type is for compositors, which choose shadow and animation by it; no window manager sees the
+// window, so no bar lists it.
+void X11MenuWindows::prepare(QWidget &window)
+{
+    window.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+    window.setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+void X11MenuWindows::present(QWidget &menu)
+{
+    m_pressTimer.stop();
+    if (!hasFocus())
+        m_focus.remember();
+    m_menu = &menu;
+    show(menu);
+    m_isKey = true;
+    m_presses.start();
+    take(menu);
+}
+
+void X11MenuWindows::showPopover(QWidget &popover)
+{
+    if (!m_popovers.contains(&popover))
+        m_popovers.append(&popover);
+    show(popover);
+}
+
+void X11MenuWindows::hidePopover(QWidget &popover)
+{
+    if (m_isKey && m_menu != nullptr && m_focus.current() == idOf(&popover))
+        take(*m_menu);
+    m_popovers.removeAll(&popover);
+    popover.hide();
+}
+
+void X11MenuWindows::giveKeyboardTo(QWidget &window)
+{
+    if (m_isKey)
+        take(window);
+}
+
+void X11MenuWindows::dismiss()
+{
+    if (m_menu == nullptr)
+        return;
+    if (hasFocus())
+        m_focus.giveBack();
+    hideAll();
+    resign();
+}
+
+bool X11MenuWindows::isKey() const
+{
+    return m_isKey;
+}
+
+bool X11MenuWindows::isInGroup(quint32 window) const
+{
+    if (window == 0)
+        return false;
+    return idOf(m_menu) == window ||
+           std::any_of(m_popovers.begin(), m_popovers.end(),
+                       [window](const auto &popover) { return idOf(popover) == window; });
+}
+
+bool X11MenuWindows::hasFocus() const
+{
+    return isInGroup(m_focus.current());
+}
+
+// The focus can only go to a window that the server has mapped, and the events of a window are
+// selected for each connection by itself.
+void X11MenuWindows::show(QWidget &window)
+{
+    window.show();
+    window.raise();
+    X11Connection::syncToolkit();
+    const quint32 mask = XCB_EVENT_MASK_FOCUS_CHANGE;
+    m_connection->check(xcb_change_window_attributes_checked(m_connection->xcb(), idOf(&window),
+                                                             XCB_CW_EVENT_MASK, &mask));
+}
+
+void X11MenuWindows::take(QWidget &window)
+{
+    if (!m_focus.take(idOf(&window)))
+        qCWarning(logWindows) << "The server does not give the keyboard to the menu";
+}
+
+void X11MenuWindows::handle(const xcb_generic_event_t &event)
+{
+    if (!m_isKey || (event.response_type & 0x7f) != XCB_FOCUS_OUT)
+        return;
+    if (isCausedByGrab(reinterpret_cast<const xcb_focus_out_event_t &>(event)))
+        return;
+    // The event may be an old one, or of a move within the group: what counts is the focus now.
+    if (!hasFocus())
+        resign();
+}
+
+// Measured against the windows on the server, not against widget geometry: right at every scale.
+void X11MenuWindows::pressed(quint32 window)
+{
+    if (m_isKey && !isInGroup(window) && !isPopupOfOurs(window))
+        m_pressTimer.start();
+}
+
+void X11MenuWindows::pressSettled()
+{
+    if (hasFocus())
+        m_focus.giveBack();
+    resign();
+}
+
+void X11MenuWindows::hideAll()
+{
+    const QList<QPointer<QWidget>> popovers = std::exchange(m_popovers, {});
+    for (const QPointer<QWidget> &popover : popovers) {
+        if (popover != nullptr)
+            popover->hide();
+    }
+    const QPointer<QWidget> menu = std::exchange(m_menu, nullptr);
+    if (menu != nullptr)
+        menu->hide();
+}
+
+void X11MenuWindows::resign()
+{
+    m_pressTimer.stop();
+    m_presses.stop();
+    if (std::exchange(m_isKey, false))
+        emit resigned();
+}
+
+} // namespace platform
