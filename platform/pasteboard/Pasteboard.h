@@ -32,7 +32,8 @@ public:
 
     /// The plain text of the copy that changeCount() counts, as UTF-8 without a terminating zero;
     /// it may hold any code point including U+0000. None when the copy offers no text, when its
-    /// owner did not answer in time, or when its owner marked it as concealed (a password).
+    /// owner did not answer in time, or when its owner marked it as concealed (a password). The
+    /// text of an owner that answers later than that appears then, without another change.
     virtual std::optional<QByteArray> string() const = 0;
 
     /// Takes the pasteboard over with no content. Counts as a change.
@@ -51,7 +52,7 @@ public:
     virtual void handOver() = 0;
 
 signals:
-    /// A new copy was published.
+    /// changeCount() or string() is another one now.
     void changed();
 };
 

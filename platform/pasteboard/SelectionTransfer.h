@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/pasteboard/SelectionConnection.h"
+
+#include <QByteArrayView>
+
+#include <functional>
+
+namespace platform {
+
+/// Fetches one selection in one target, whole or in increments, piece by piece.
+///
+/// Knows no deadline: it waits, without cost, until the owner answers or it is cancelled. Used for
+/// any number of transfers, one after the other. ICCCM sections 2.4 and 2.7.2.
+class SelectionTransfer
+{
+public:
+    /// A piece of the value, of at most kSliceBytes.
+    struct Piece
+    {
+        xcb_atom_t type;
+        int format; ///< bits per element: 8, 16 or 32
+        QByteArrayView bytes;
+    };
+
+    enum class Outcome { Complete, Refused };
+
+    /// What happens during a transfer. No handler may destroy the transfer; each may start another
+    /// one or cancel.
+    struct Handlers
+    {
+        /// Called for every piece, at least once (with no bytes for an empty value) before
+        /// Complete.
+        /// @return false to refuse the value: wrong type, too long
+        std::function<bool(const Piece &)> piece;
+        /// The owner did something: the deadline may start anew.
+        std::function<void()> progressed;
+        std::function<void(Outcome)> finished;
+    };
+
+    /// Long values are read in slices of this size (bytes), 1 to 3 ms each.
+    static constexpr quint32 kSliceBytes = 1024 * 1024;
+
+    SelectionTransfer(SelectionConnection &connection, Handlers handlers);
+
+    /// Asks the owner of CLIPBOARD; what was under way is cancelled.
+    /// @param time server time of the event that led here (milliseconds)
+    void start(xcb_atom_t target, xcb_timestamp_t time);
+    void cancel();
+    bool isActive() const { return m_state != State::Idle; }
+
+    /// The owner is gone: nothing more will come than what lies on our window.
+    void ownerVanished();
+
+    void handle(const xcb_selection_notify_event_t &event);
+    void handle(const xcb_property_notify_event_t &event);
+
+private:
+    enum class State { Idle, AwaitingAnswer, Reading, AwaitingIncrement };
+
+    void fetch();
+    void take(const xcb_get_property_reply_t *reply);
+    void sliceTaken(quint32 bytes, quint32 bytesLeft);
+    void awaitIncrement();
+    void discardLeftover(xcb_atom_t property);
+    void finish(Outcome outcome);
+
+    SelectionConnection &m_connection;
+    Handlers m_handlers;
+    State m_state = State::Idle;
+    xcb_atom_t m_target = XCB_NONE;
+    xcb_timestamp_t m_time = 0;
+    std::size_t m_propertyIndex = 0;
+    xcb_atom_t m_property = XCB_NONE;
+    quint32 m_offset = 0; ///< bytes of the present property that were read
+    bool m_isIncremental = false;
+    bool m_isIncrementDue = false;
+    bool m_isOwnerGone = false;
+    int m_leftovers = 0;
+    int m_generation = 0;
+};
+
+} // namespace platform
