@@ -47,6 +47,11 @@ public:
     /// Offers the current text as the primary selection too, for programs that paste only that.
     virtual void offerAsPrimary() = 0;
 
+    /// Copies what is selected: the primary selection's text becomes the pasteboard's, as a change
+    /// of its own, once its owner has answered; nothing changes if it offers no text. For programs
+    /// in which selecting is copying. Does nothing where there is no primary selection.
+    virtual void adoptPrimary() {}
+
     /// Called once, on quitting: gives our text to the session's clipboard manager if one runs, so
     /// that it outlives us. Waits at most half a second.
     virtual void handOver() = 0;

@@ -45,6 +45,9 @@ public:
     /// meanwhile stays there. Does nothing while nothing is presented.
     virtual void dismiss() = 0;
 
+    /// Whether a compositor runs, so that parts of a window may be see-through.
+    virtual bool isComposited() const { return false; }
+
     /// True from present() until resigned().
     virtual bool isKey() const = 0;
 

@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
+#include "platform/x11/RawInput.h"
 
-#include <xcb/xcb.h>
+#include <QObject>
 
 namespace platform {
 
-class X11Connection;
-
-/// Tells of every mouse button that is pressed anywhere on the display, without a grab.
-///
-/// Raw events of the input extension (XI2 protocol, "RawEvent") reach us whoever gets the click
-/// itself. They are selected only between start() and stop(), so an idle program hears nothing.
-/// Main thread only; the connection must outlive the object.
+/// Tells of every mouse button that is pressed anywhere on the display, without a grab, and which
+/// window it hits. Main thread only; the connection must outlive the object.
 class OutsidePresses : public QObject
 {
     Q_OBJECT
@@ -21,11 +16,8 @@ class OutsidePresses : public QObject
 public:
     explicit OutsidePresses(X11Connection &connection);
 
-    /// False where the server lacks version 2.2 of the input extension; then nothing is told.
-    bool isAvailable() const { return m_opcode != 0; }
-
-    void start();
-    void stop();
+    void start() { m_input.start(); }
+    void stop() { m_input.stop(); }
 
 signals:
     /// A button, not the wheel, went down. `window` is the child of the root window under the
@@ -33,12 +25,10 @@ signals:
     void pressed(quint32 window);
 
 private:
-    void select(quint32 mask);
-    void handle(const xcb_generic_event_t &event);
+    void handle(quint32 button);
 
     X11Connection &m_connection;
-    quint8 m_opcode = 0;
-    bool m_isStarted = false;
+    RawInput m_input;
 };
 
 } // namespace platform

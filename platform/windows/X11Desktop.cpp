@@ -111,7 +111,7 @@ void X11Desktop::activate(QWidget &window)
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
-    if (!m_connection->hasWindowManager()) {
+    if (m_connection->windowManager() == XCB_NONE) {
         window.activateWindow();
         return;
     }

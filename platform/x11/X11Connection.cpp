@@ -103,12 +103,15 @@ bool X11Connection::isOurs(xcb_window_t window) const
     return (window & ~setup->resource_id_mask) == setup->resource_id_base;
 }
 
-// The check window names itself; a name left behind by a window manager that died does not.
-bool X11Connection::hasWindowManager()
+// The check window names itself; one left behind by a window manager that died does not (Extended
+// Window Manager Hints 1.5, _NET_SUPPORTING_WM_CHECK).
+xcb_window_t X11Connection::windowManager()
 {
     const xcb_atom_t property = atom("_NET_SUPPORTING_WM_CHECK");
     const std::vector<quint32> onRoot = numbers(root(), property);
-    return !onRoot.empty() && numbers(onRoot.front(), property) == onRoot;
+    if (onRoot.empty() || numbers(onRoot.front(), property) != onRoot)
+        return XCB_NONE;
+    return onRoot.front();
 }
 
 void X11Connection::syncToolkit()

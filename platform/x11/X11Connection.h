@@ -73,8 +73,9 @@ public:
     /// True if `window` was made by the toolkit's connection of this process.
     bool isOurs(xcb_window_t window) const;
 
-    /// True while a window manager of the EWMH kind runs.
-    bool hasWindowManager();
+    /// The window by which the running window manager makes itself known, and to which some give
+    /// the focus when no other window has it; 0 while none of the EWMH kind runs.
+    xcb_window_t windowManager();
 
     /// Waits until the server has carried out everything that the toolkit has asked for so far.
     static void syncToolkit();

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/keyboard/ChordKeys.h"
+#include "platform/keyboard/HeldKeys.h"
+#include "platform/keyboard/KeyEventPoster.h"
+#include "platform/x11/RawInput.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace platform {
+
+class Pasteboard;
+class X11Connection;
+enum class ChordStyle;
+
+/// Types chords by the XTEST extension.
+///
+/// Keys that the user still holds would mix in, so a chord is a burst: every key that is down is
+/// let go, the chord is typed, and the modifiers that are still held on a real keyboard are pressed
+/// again. The burst waits until no other key is down, because a key that is released in its middle
+/// can reach the program between the chord's own events. Locks stay as they are.
+///
+/// What is pressed again is watched until the user lets it go, and is let go with it; without that
+/// a release between the look and the press would leave the modifier stuck.
+class X11KeyEventPoster : public KeyEventPoster
+{
+    Q_OBJECT
+
+public:
+    /// Null when the toolkit does not run on X11 or the server lacks XTEST.
+    /// @param pasteboard must outlive the object
+    static std::unique_ptr<X11KeyEventPoster> create(Pasteboard &pasteboard);
+    ~X11KeyEventPoster() override;
+
+    QString backendId() const override;
+    Availability availability() const override;
+    Result<void> post(const KeyEvent &event) override;
+
+private:
+    enum class Purpose { Paste, Copy };
+    struct Chord
+    {
+        std::vector<quint8> modifiers;
+        quint8 key = 0;
+    };
+
+    X11KeyEventPoster(std::unique_ptr<X11Connection> connection, Pasteboard &pasteboard);
+
+    static std::optional<Purpose> purposeOf(quint16 keyCode);
+    Chord chordFor(Purpose purpose, ChordStyle style);
+    void startNext();
+    void poll();
+    bool areOtherKeysUp();
+    void typeInto(quint32 window);
+    void burst(const Chord &chord);
+    void fake(quint8 type, quint8 key);
+    void pressAgain(const KeySet &before);
+    void releaseWithUser();
+    void finish(bool sent);
+
+    std::unique_ptr<X11Connection> m_connection;
+    Pasteboard &m_pasteboard;
+    ChordKeys m_keys;
+    HeldKeys m_held;
+    RawInput m_releases;
+    QTimer m_pollTimer;
+    QElapsedTimer m_sincePosted;
+    QElapsedTimer m_sinceFocus; ///< valid once a window for the chord was found
+    std::optional<Purpose> m_begun;
+    std::deque<Purpose> m_queue; ///< the first one is being sent
+    KeySet m_modifiers;          ///< as mapped when the present chord began
+    KeySet m_pressedAgain;       ///< held by the user and pressed again by us
+};
+
+} // namespace platform
