@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "platform/instance/SingleInstance.h"
+
+#include "platform/instance/ApplicationAdaptor.h"
+#include "platform/instance/LockedInstance.h"
+#include "platform/instance/SessionBus.h"
+#include "platform/log/Log.h"
+
+namespace platform {
+
+SingleInstance::SingleInstance()
+{
+    auto *adaptor = new ApplicationAdaptor(actionNames(), this);
+    connect(adaptor, &ApplicationAdaptor::activated, this, &SingleInstance::activated);
+    connect(adaptor, &ApplicationAdaptor::actionActivated, this, &SingleInstance::actionActivated);
+}
+
+SingleInstance::~SingleInstance() = default;
+
+QStringList SingleInstance::actionNames()
+{
+    return {QStringLiteral("paste-menu"),
+            QStringLiteral("add-from-selection"),
+            QStringLiteral("welcome-view"),
+            QStringLiteral("add-snippet"),
+            QStringLiteral("add-snippet-copy"),
+            QStringLiteral("quillery"),
+            QStringLiteral("settings"),
+            QStringLiteral("check-for-updates"),
+            QStringLiteral("quit")};
+}
+
+bool SingleInstance::acquire()
+{
+    switch (claimName()) {
+    case Claim::Won:
+        return true;
+    case Claim::Lost:
+        return false;
+    case Claim::NoBus:
+        break;
+    }
+    return acquireLock();
+}
+
+// The running instance may end between the two questions; then its name is free at the second try.
+SingleInstance::Claim SingleInstance::claimName()
+{
+    constexpr int kTries = 2;
+    const std::unique_ptr<SessionBus> bus = SessionBus::create();
+    if (bus == nullptr || !bus->publish(*this))
+        return Claim::NoBus;
+    for (int i = 0; i < kTries; ++i) {
+        switch (bus->requestName()) {
+        case SessionBus::Answer::Yes:
+            return Claim::Won;
+        case SessionBus::Answer::None:
+            return Claim::NoBus;
+        case SessionBus::Answer::No:
+            break;
+        }
+        if (bus->activateOwner() != SessionBus::Answer::No)
+            return Claim::Lost;
+    }
+    return Claim::Lost;
+}
+
+bool SingleInstance::acquireLock()
+{
+    m_lock = LockedInstance::create();
+    if (m_lock == nullptr) {
+        qCWarning(logApp) << "No place for a lock: a second instance would not be noticed";
+        return true;
+    }
+    if (!m_lock->isFirst()) {
+        m_lock->activateFirst();
+        return false;
+    }
+    connect(m_lock.get(), &LockedInstance::activated, this, &SingleInstance::activated);
+    m_lock->listen();
+    return true;
+}
+
+} // namespace platform
