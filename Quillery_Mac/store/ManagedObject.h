@@ -65,6 +65,7 @@ protected:
     }
 
 private:
+    friend class ChangeNotice;
     friend class ManagedObjectContext;
     friend class ObjectTable;
     friend class ObjectWriter;

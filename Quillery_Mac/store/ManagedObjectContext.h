@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+class ChangeNotice;
 class MergeQueue;
 class ObjectTable;
 class StoreConnection;
@@ -93,23 +94,44 @@ signals:
     /// What changed here or was merged, coalesced: once per merge, and once per turn of the event
     /// loop for the changes of this context.
     void objectsDidChange(const ObjectChanges &changes);
+    /// A save of this context, or one that was merged into it, is in the file of the store.
+    void didSave(StoreKind kind);
 
 private:
     friend class ManagedObject;
     friend class PersistentContainer;
 
-    struct Notice;
-
     std::vector<ManagedObject *> fetchObjects(const Entity &entity);
     qsizetype countObjects(const Entity &entity);
     ManagedObject *findObject(const Entity &entity, qint64 objectId);
     ManagedObject *insertObject(const Entity &entity);
+
     ObjectTable &table(const Entity &entity) const;
+    ObjectTable &loadedTable(const Entity &entity);
+    /// The store's connection; null if it cannot be used.
+    StoreConnection *connection(StoreKind kind) const;
+
+    std::optional<QByteArray> content(const ManagedObject &object) const;
+    TextPreview preview(const ManagedObject &object) const;
+    /// A setter changed an attribute of an object of ours.
+    void noteChange(ManagedObject &object);
+
+    platform::Result<void> saveStore(StoreKind kind);
+    void writeStore(StoreConnection &file, ObjectTable &objects);
+
+    /// Takes over what other contexts saved; the notice comes with announce().
+    void mergeQueued();
+    void merge(const StoreChanges &changes);
+    void mergeDeletion(ObjectTable &objects, qint64 objectId);
+
+    void scheduleAnnouncement();
+    void announce();
 
     const Role m_role;
     StoreConnections m_connections;
     MergeQueue &m_mergeQueue;
     QString m_author;
     std::array<std::unique_ptr<ObjectTable>, kStoreCount> m_tables;
-    std::unique_ptr<Notice> m_notice;
+    std::unique_ptr<ChangeNotice> m_notice;
+    bool m_isAnnouncementScheduled = false;
 };

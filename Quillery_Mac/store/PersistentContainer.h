@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Quillery_Mac/store/ManagedObjectContext.h"
+#include "Quillery_Mac/store/StoreDescription.h"
 
 #include <functional>
 #include <memory>
@@ -11,7 +12,6 @@ class BackgroundQueue;
 class MergeQueue;
 class PersistentHistory;
 class PersistentStore;
-struct StoreDescription;
 
 /// The stores, the context that all views share, and background work on the stores. Created, used
 /// and destroyed on the main thread; destroying it waits for the background tasks.
@@ -50,7 +50,10 @@ signals:
 
 private:
     void load(const StoreDescription &description);
-    void mergePending();
+    void wakeForMerge();
+    void mergeQueued();
+    /// On the background thread, so that no save of the main thread waits for it.
+    void writeBackLogs();
 
     std::array<std::unique_ptr<PersistentStore>, kStoreCount> m_stores;
     std::array<std::unique_ptr<PersistentHistory>, kStoreCount> m_histories;

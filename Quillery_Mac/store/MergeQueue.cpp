@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/store/MergeQueue.h"
+
+#include <utility>
+
+MergeQueue::MergeQueue(std::function<void()> wake)
+    : m_wake(std::move(wake))
+{
+}
+
+void MergeQueue::commitAndQueue(const std::function<void()> &commit, StoreChanges changes)
+{
+    {
+        const std::lock_guard committing(m_commitLock);
+        commit();
+        const std::lock_guard listing(m_listLock);
+        m_changes.push_back(std::move(changes));
+    }
+    m_wake();
+}
+
+void MergeQueue::waitForCommit()
+{
+    const std::lock_guard committed(m_commitLock);
+}
+
+std::vector<StoreChanges> MergeQueue::takeAll()
+{
+    const std::lock_guard listing(m_listLock);
+    return std::exchange(m_changes, {});
+}

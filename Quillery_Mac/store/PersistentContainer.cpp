@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/store/PersistentContainer.h"
+
+#include "Quillery_Mac/store/BackgroundQueue.h"
+#include "Quillery_Mac/store/MergeQueue.h"
+#include "Quillery_Mac/store/PersistentHistory.h"
+#include "Quillery_Mac/store/PersistentStore.h"
+
+#include <utility>
+
+PersistentContainer::PersistentContainer(const std::vector<StoreDescription> &descriptions)
+    : m_mergeQueue(std::make_unique<MergeQueue>([this] { wakeForMerge(); }))
+    , m_background(std::make_unique<BackgroundQueue>())
+{
+    for (const StoreDescription &description : descriptions)
+        load(description);
+    StoreConnections connections{};
+    for (const StoreKind kind : kStoreKinds) {
+        const auto index = static_cast<std::size_t>(kind);
+        connections[index] = m_stores[index] ? &m_stores[index]->viewConnection() : nullptr;
+        m_histories[index] = std::make_unique<PersistentHistory>(connections[index]);
+    }
+    m_viewContext = std::make_unique<ManagedObjectContext>(ManagedObjectContext::Role::View,
+                                                           connections, *m_mergeQueue);
+    // Queued: a save tells of itself when it is over.
+    connect(m_viewContext.get(), &ManagedObjectContext::didSave, this,
+            &PersistentContainer::didSave, Qt::QueuedConnection);
+    connect(m_viewContext.get(), &ManagedObjectContext::didSave, this, [this](StoreKind kind) {
+        const auto &store = m_stores[static_cast<std::size_t>(kind)];
+        if (store && store->needsCheckpoint())
+            m_background->add([this] { writeBackLogs(); });
+    });
+}
+
+PersistentContainer::~PersistentContainer()
+{
+    m_background.reset();
+}
+
+void PersistentContainer::load(const StoreDescription &description)
+{
+    auto store = PersistentStore::load(description);
+    if (store)
+        m_stores[static_cast<std::size_t>(description.kind)] = std::move(*store);
+    else
+        printStoreError(store.error());
+}
+
+bool PersistentContainer::isLoaded(StoreKind kind) const
+{
+    const auto &store = m_stores[static_cast<std::size_t>(kind)];
+    return store && store->isUsable();
+}
+
+PersistentHistory &PersistentContainer::history(StoreKind kind)
+{
+    return *m_histories[static_cast<std::size_t>(kind)];
+}
+
+void PersistentContainer::performBackgroundTask(Task task)
+{
+    m_background->add([this, task = std::move(task)] {
+        StoreConnections connections{};
+        for (const StoreKind kind : kStoreKinds) {
+            const auto index = static_cast<std::size_t>(kind);
+            connections[index] =
+                m_stores[index] ? m_stores[index]->backgroundConnection() : nullptr;
+        }
+        {
+            ManagedObjectContext context(ManagedObjectContext::Role::Background, connections,
+                                         *m_mergeQueue);
+            task(context);
+        }
+        writeBackLogs();
+    });
+}
+
+void PersistentContainer::waitForBackgroundTasks()
+{
+    m_background->wait();
+    m_viewContext->mergeQueued();
+}
+
+void PersistentContainer::wakeForMerge()
+{
+    QMetaObject::invokeMethod(this, &PersistentContainer::mergeQueued, Qt::QueuedConnection);
+}
+
+void PersistentContainer::mergeQueued()
+{
+    m_viewContext->mergeQueued();
+    m_viewContext->announce();
+}
+
+void PersistentContainer::writeBackLogs()
+{
+    for (const auto &store : m_stores) {
+        if (store && store->needsCheckpoint())
+            store->checkpoint();
+    }
+}

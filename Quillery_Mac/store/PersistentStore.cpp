@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/store/PersistentStore.h"
+
+#include "Quillery_Mac/store/Migrations.h"
+#include "Quillery_Mac/store/RowFormat.h"
+#include "Quillery_Mac/store/StoreFile.h"
+#include "platform/log/Log.h"
+
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
+using platform::Error;
+
+namespace {
+
+// Pages of 16 KB, together 4 MB: some four recordings into a full history.
+constexpr int kLongLog = 256;
+
+platform::Result<void> checkContents(SQLite::Database &database, const QString &file, int newest)
+{
+    const auto refused = [&file](const QString &why) {
+        return platform::failure(Error::Kind::Refused,
+                                 QStringLiteral("Load %1: %2").arg(file, why));
+    };
+    const int version = database.execAndGet("PRAGMA user_version").getInt();
+    if (version > newest) {
+        return refused(
+            QStringLiteral("file has version %1, newer than %2").arg(version).arg(newest));
+    }
+    const std::string verdict = database.execAndGet("PRAGMA quick_check(1)").getString();
+    if (verdict != "ok")
+        return refused(QString::fromStdString(verdict));
+    return {};
+}
+
+} // namespace
+
+platform::Result<std::unique_ptr<PersistentStore>>
+PersistentStore::load(const StoreDescription &description)
+{
+    const QString &file = description.file;
+    const int newest = newestVersion(description.kind);
+    const auto usable =
+        prepareStoreFile(file).and_then([&] { return checkStoreFile(file, newest); });
+    if (!usable)
+        return tl::unexpected(usable.error());
+    std::unique_ptr<PersistentStore> store(new PersistentStore(description));
+    try {
+        store->m_view = std::make_unique<StoreConnection>(file, store->m_health);
+        SQLite::Database &database = store->m_view->database();
+        if (const auto whole = checkContents(database, file, newest); !whole)
+            return tl::unexpected(whole.error());
+        store->m_view->useStore();
+        migrate(database, description.kind);
+        // Fails when the tables are not ours.
+        store->m_view->statement(selectAllText(entityOf(description.kind)));
+    } catch (const SQLite::Exception &error) {
+        return platform::failure(Error::Kind::Io, QStringLiteral("Load %1: %2 (code %3)")
+                                                      .arg(file, QString::fromUtf8(error.what()))
+                                                      .arg(error.getExtendedErrorCode()));
+    }
+    restrictStoreFile(file);
+    return store;
+}
+
+PersistentStore::PersistentStore(const StoreDescription &description)
+    : m_description(description)
+{
+}
+
+StoreConnection *PersistentStore::backgroundConnection()
+{
+    if (m_background || !isUsable())
+        return m_background.get();
+    try {
+        auto connection = std::make_unique<StoreConnection>(m_description.file, m_health);
+        connection->useStore();
+        m_background = std::move(connection);
+    } catch (const SQLite::Exception &error) {
+        qCWarning(logStore) << "background connection:" << error.what();
+    }
+    return m_background.get();
+}
+
+bool PersistentStore::needsCheckpoint() const
+{
+    return isUsable() && m_health.loggedPages >= kLongLog;
+}
+
+void PersistentStore::checkpoint()
+{
+    StoreConnection *connection = backgroundConnection();
+    if (!connection || !isUsable())
+        return;
+    const int code = sqlite3_wal_checkpoint_v2(connection->database().getHandle(), nullptr,
+                                               SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        qCWarning(logStore) << "write back the log: code" << code;
+    m_health.loggedPages = 0;
+}

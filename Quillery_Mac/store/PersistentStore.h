@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillery_Mac/store/StoreConnection.h"
+#include "Quillery_Mac/store/StoreDescription.h"
+
+#include <memory>
+
+/// One loaded store file: the connections of the main and of the background thread, and the upkeep
+/// of its log.
+class PersistentStore
+{
+public:
+    /// Opens the file, makes it if it is missing, and brings its tables up to date.
+    /// Errors: Refused or Io if it is no store, damaged, newer than the program or not to be
+    /// opened; then its bytes are as they were.
+    static platform::Result<std::unique_ptr<PersistentStore>>
+    load(const StoreDescription &description);
+
+    StoreKind kind() const { return m_description.kind; }
+    bool isUsable() const { return !m_health.isDamaged; }
+
+    /// The main thread's connection.
+    StoreConnection &viewConnection() { return *m_view; }
+    /// The background thread's connection, opened at the first call; null if that fails. Only
+    /// there.
+    StoreConnection *backgroundConnection();
+
+    /// Whether the log has grown so long that it should be written back. Any thread.
+    bool needsCheckpoint() const;
+    /// Writes the log back into the file. Background thread.
+    void checkpoint();
+
+private:
+    explicit PersistentStore(const StoreDescription &description);
+
+    StoreDescription m_description;
+    StoreHealth m_health;
+    std::unique_ptr<StoreConnection> m_view;
+    std::unique_ptr<StoreConnection> m_background;
+};
