@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QWidget>
+
+#include <map>
+#include <vector>
+
+class ThinScrollBar;
+
+/// What a LazyColumn shows. Rows are numbered from 0; a kind is a sort of row widget, so that a
+/// folder's widget is used again for a folder only.
+class LazyColumnRows
+{
+public:
+    virtual ~LazyColumnRows() = default;
+
+    virtual int rowCount() const = 0;
+    virtual int kindOfRow(int row) const = 0;
+    /// A fresh widget for rows of that kind; the column owns it through `parent`.
+    virtual QWidget *makeRow(int kind, QWidget *parent) = 0;
+    /// Makes `widget` show `row`; called whenever either may have changed.
+    virtual void bindRow(QWidget &widget, int row) = 0;
+    /// `widget` shows nothing any more; what it showed may be gone.
+    virtual void unbindRow(QWidget &widget) = 0;
+};
+
+/// A vertically scrolling column of rows of one height that has widgets only for the rows in view,
+/// and uses them again. Main thread only.
+class LazyColumn : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @param rows outlives the column
+    LazyColumn(LazyColumnRows &rows, QWidget *parent);
+
+    /// In points; the same for every row.
+    void setRowHeight(int height);
+    /// What is drawn where the rows would be, while there are none.
+    void setEmptyText(const QString &text);
+
+    /// The rows are others now: binds all that are in view. Keeps the scroll position.
+    void reload();
+    /// Lets go of every row, before what they show is gone.
+    void release();
+    /// Scrolls as little as needed to have the row in view.
+    void ensureVisible(int row);
+    /// The widget that shows `row` now; null when it is not in view.
+    QWidget *rowWidget(int row) const;
+
+    /// The height of all rows together, in points.
+    int contentHeight() const;
+    ThinScrollBar &scrollBar() const { return *m_bar; }
+    const std::map<int, QWidget *> &rowsInView() const { return m_shown; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    enum class Bind { NewOnly, All };
+
+    void layOut(Bind bind);
+    void layOutBar();
+    void recycleOutside(int first, int last);
+    QWidget *takeWidget(int kind);
+
+    LazyColumnRows &m_rows;
+    QWidget *m_viewport;
+    ThinScrollBar *m_bar;
+    std::map<int, QWidget *> m_shown;               ///< by row
+    std::map<const QWidget *, int> m_kinds;         ///< of every widget made
+    std::map<int, std::vector<QWidget *>> m_unused; ///< by kind
+    QString m_emptyText;
+    int m_rowHeight = 1;
+    qreal m_wheelRest = 0;
+};
