@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillery_Mac/store/ManagedObjectContext.h"
 #include "Quillery_Mac/store/TextFold.h"
-
-#include <QObject>
 
 #include <memory>
 
 class PersistentContainer;
+class PreparedTexts;
 class SearchIndex;
 class Snippet;
 
@@ -17,7 +15,8 @@ class Snippet;
 /// text; everything matches the empty search text.
 ///
 /// Keeps the folded texts of the snippets in memory from the first search on, and brings them up to
-/// date with every change, unsaved ones too. Belongs to a view; main thread only.
+/// date with every change, unsaved ones too. Belongs to a view or lives longer, but not longer than
+/// the container it was prepared with; main thread only.
 class SnippetMatcher
 {
 public:
@@ -26,13 +25,13 @@ public:
     Q_DISABLE_COPY_MOVE(SnippetMatcher)
 
     /// Folds all snippets' texts on the container's private thread, so that the first search does
-    /// not have to. Called when a search field comes up; a search before the end is slower, not
-    /// wrong.
+    /// not have to: call it when a search field comes up. A search that comes before the end waits
+    /// for it once it has begun, and folds for itself what is missing otherwise.
     void prepare(PersistentContainer &container);
 
     void setSearchText(const QString &text);
     /// Whether the search text is not empty.
-    bool isSearching() const;
+    bool isSearching() const { return m_isSearching; }
     /// Whether the snippet as it is now matches the search text. The first call after a change of
     /// the search text works, the others look it up.
     bool matches(const Snippet &snippet);
@@ -41,5 +40,11 @@ public:
     void release();
 
 private:
+    void adoptPrepared();
+
+    QLocale m_locale;
+    TextFold m_fold;
     std::unique_ptr<SearchIndex> m_index;
+    std::shared_ptr<PreparedTexts> m_prepared;
+    bool m_isSearching = false;
 };

@@ -6,7 +6,8 @@
 #include <QString>
 
 /// Which file holds the objects of a store.
-struct StoreDescription {
+struct StoreDescription
+{
     StoreKind kind;
     QString file; ///< absolute path
 };

@@ -20,8 +20,8 @@ public:
 
     /// The folded form of UTF-8 text as UTF-8. One text contains another one for the user when its
     /// folded form contains the other's. Invalid bytes fold to U+FFFD.
-    QByteArray folded(QByteArrayView utf8);
-    QByteArray folded(const QString &text) { return folded(text.toUtf8()); }
+    QByteArray foldedUtf8(QByteArrayView utf8);
+    QByteArray folded(const QString &text) { return foldedUtf8(text.toUtf8()); }
 
 private:
     class Table;

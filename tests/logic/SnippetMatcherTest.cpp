@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/store/SnippetMatcher.h"
+
+#include "Quillery_Mac/store/ByteSearch.h"
+#include "tests/logic/StoreTestSupport.h"
+
+namespace {
+
+class SnippetMatcherTest : public StoreTest
+{
+protected:
+    std::vector<QString> found(const QString &text)
+    {
+        matcher.setSearchText(text);
+        std::vector<QString> result;
+        for (const Snippet *snippet : view().fetch<Snippet>()) {
+            if (matcher.matches(*snippet))
+                result.push_back(snippet->title().value_or(QString()));
+        }
+        return result;
+    }
+
+    SnippetMatcher matcher{QLocale(QLocale::English)};
+    using Titles = std::vector<QString>;
+    const QString a = QStringLiteral("Café");
+    const QString b = QStringLiteral("other");
+};
+
+} // namespace
+
+TEST_F(SnippetMatcherTest, anEmptySearchMatchesEverything)
+{
+    addSnippet(a, 1);
+    view().insert<Snippet>()->setOrder(2);
+
+    EXPECT_EQ(found(QString()), (Titles{a, QString()}));
+    EXPECT_FALSE(matcher.isSearching());
+}
+
+TEST_F(SnippetMatcherTest, theTitleOrElseTheContentMatches)
+{
+    addSnippet(a, 1, "first text");
+    addSnippet(b, 2, "THE CAFÉ AROUND THE CORNER");
+    addSnippet(QStringLiteral("none"), 3, "nothing");
+
+    EXPECT_EQ(found(QStringLiteral("café")), (Titles{a, b}));
+    EXPECT_EQ(found(QStringLiteral("cafe")), (Titles{a, b}));
+}
+
+TEST_F(SnippetMatcherTest, nothingIsFoundAcrossTitleAndContent)
+{
+    addSnippet(QStringLiteral("ab"), 1, "cd");
+
+    EXPECT_TRUE(found(QStringLiteral("bc")).empty());
+}
+
+TEST_F(SnippetMatcherTest, missingTextsAreEmptyTexts)
+{
+    view().insert<Snippet>();
+
+    EXPECT_TRUE(found(QStringLiteral("x")).empty());
+}
+
+TEST_F(SnippetMatcherTest, aSearchTextMayGrowShrinkAndChange)
+{
+    addSnippet(QStringLiteral("abab"), 1, "");
+    addSnippet(QStringLiteral("abcab"), 2, "");
+    const Titles both{QStringLiteral("abab"), QStringLiteral("abcab")};
+
+    EXPECT_EQ(found(QStringLiteral("a")), both);
+    EXPECT_EQ(found(QStringLiteral("ab")), both);
+    EXPECT_EQ(found(QStringLiteral("abc")), Titles{QStringLiteral("abcab")});
+    EXPECT_TRUE(found(QStringLiteral("abcd")).empty());
+    EXPECT_EQ(found(QStringLiteral("ab")), both);
+    EXPECT_EQ(found(QStringLiteral("aba")), Titles{QStringLiteral("abab")});
+    EXPECT_EQ(found(QStringLiteral("bab")), Titles{QStringLiteral("abab")});
+    EXPECT_EQ(found(QStringLiteral("ca")), Titles{QStringLiteral("abcab")});
+    EXPECT_EQ(found(QStringLiteral("b")), both);
+}
+
+TEST_F(SnippetMatcherTest, changesAreFoundAtOnceSavedOrNot)
+{
+    Snippet *snippet = addSnippet(a, 1, "old");
+    ASSERT_TRUE(view().save());
+    EXPECT_EQ(found(QStringLiteral("old")), Titles{a});
+
+    snippet->setContent("new");
+
+    EXPECT_TRUE(found(QStringLiteral("old")).empty());
+    EXPECT_EQ(found(QStringLiteral("new")), Titles{a});
+}
+
+TEST_F(SnippetMatcherTest, changesOfAnotherContextAreFoundOnceTheyAreMerged)
+{
+    addSnippet(a, 1, "old");
+    ASSERT_TRUE(view().save());
+    EXPECT_TRUE(found(QStringLiteral("new")).empty());
+
+    container().performBackgroundTask([](ManagedObjectContext &context) {
+        context.fetch<Snippet>().front()->setContent("new");
+        EXPECT_TRUE(context.save());
+    });
+    container().waitForBackgroundTasks();
+
+    EXPECT_EQ(found(QStringLiteral("new")), Titles{a});
+}
+
+TEST_F(SnippetMatcherTest, preparedTextsGiveTheSameAnswers)
+{
+    addSnippet(a, 1, "one");
+    Snippet *changed = addSnippet(b, 2, "two");
+    ASSERT_TRUE(view().save());
+
+    matcher.prepare(container());
+    changed->setContent("three");
+    container().waitForBackgroundTasks();
+
+    EXPECT_EQ(found(QStringLiteral("one")), Titles{a});
+    EXPECT_TRUE(found(QStringLiteral("two")).empty());
+    EXPECT_EQ(found(QStringLiteral("three")), Titles{b});
+}
+
+TEST_F(SnippetMatcherTest, aSearchDuringThePreparationIsRight)
+{
+    for (qint16 order = 0; order < 500; ++order)
+        addSnippet(QString::number(order), order, "content");
+    ASSERT_TRUE(view().save());
+
+    matcher.prepare(container());
+
+    EXPECT_EQ(found(QStringLiteral("499")), Titles{QStringLiteral("499")});
+    EXPECT_EQ(found(QStringLiteral("content")).size(), 500U);
+}
+
+TEST_F(SnippetMatcherTest, releasedTextsAreMadeAgain)
+{
+    addSnippet(a, 1, "one");
+    EXPECT_EQ(found(QStringLiteral("one")), Titles{a});
+
+    matcher.release();
+
+    EXPECT_EQ(found(QStringLiteral("one")), Titles{a});
+}
+
+TEST(ByteSearch, everyPlaceOfALongTextIsFoundAndNoOther)
+{
+    for (const qsizetype size : {1, 63, 64, 65, 130, 200}) {
+        for (const QByteArray &needle :
+             {QByteArray("a"), QByteArray("ab"), QByteArray("abc"), QByteArray("abcabcabcd")}) {
+            for (qsizetype at = 0; at + needle.size() <= size; ++at) {
+                QByteArray text(size, '.');
+                text.replace(at, needle.size(), needle);
+                EXPECT_EQ(findBytes(text, needle, 0), at);
+                EXPECT_EQ(findBytes(text, needle, at), at);
+                EXPECT_EQ(findBytes(text, needle, at + 1), -1);
+            }
+        }
+    }
+}
