@@ -6,7 +6,8 @@
 namespace platform {
 
 /// Whether a service of the desktop can be used here, and if not, why not.
-struct Availability {
+struct Availability
+{
     bool isAvailable = false;
     QString reason; ///< one plain sentence for the log; empty while available
 };

@@ -9,7 +9,8 @@ namespace platform {
 
 /// What went wrong when the world did not do what was asked. Few kinds are enough: a caller decides
 /// by the kind and logs the text.
-struct Error {
+struct Error
+{
     enum class Kind {
         Unavailable, ///< this desktop does not offer the service at all
         Taken,       ///< somebody else holds what was asked for
@@ -20,7 +21,8 @@ struct Error {
     };
 
     Kind kind;
-    QString text; ///< what was tried, on what, and what the system said; for the log, not translated
+    QString
+        text; ///< what was tried, on what, and what the system said; for the log, not translated
 };
 
 /// The value, or why there is none.

@@ -10,8 +10,8 @@
 
 class ManagedObjectContext;
 
-/// The shared helper that every menu is handed: opens the program's windows without knowing how they
-/// are built. One object, owned by the entry type, main thread only.
+/// The shared helper that every menu is handed: opens the program's windows without knowing how
+/// they are built. One object, owned by the entry type, main thread only.
 class Funcs : public QObject
 {
     Q_OBJECT

@@ -44,7 +44,8 @@ QPoint panelOrigin(QPoint pointer, const QRect &visibleFrame)
     return {std::min(maxX(visibleFrame) - kPanelWidth, pointer.x() + kPointerGap), pointer.y()};
 }
 
-QPoint menuBarWindowOrigin(const QRect &icon, QPoint pointer, QSize window, const QRect &visibleFrame)
+QPoint menuBarWindowOrigin(const QRect &icon, QPoint pointer, QSize window,
+                           const QRect &visibleFrame)
 {
     const QRect anchor = icon.isNull() ? QRect(pointer, QSize(1, 1)) : icon;
     const bool isBarOnTop = anchor.center().y() < visibleFrame.center().y();

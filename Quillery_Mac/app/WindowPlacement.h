@@ -15,7 +15,9 @@ void centreOnScreen(QWidget &window);
 /// `visibleFrame`. The height is not looked at: near the lower edge the menu may pass it.
 QPoint panelOrigin(QPoint pointer, const QRect &visibleFrame);
 
-/// Where the menu-bar window's top-left corner goes, in points: 4 from the bar, below an icon in the
-/// upper half of `visibleFrame` and above one in the lower half, its leading edge at the icon's,
-/// pushed inside the frame. A null `icon` (the desktop does not tell) stands for the pointer.
-QPoint menuBarWindowOrigin(const QRect &icon, QPoint pointer, QSize window, const QRect &visibleFrame);
+/// Where the menu-bar window's top-left corner goes, in points: 4 from the bar, below an icon in
+/// the upper half of `visibleFrame` and above one in the lower half, its leading edge at the
+/// icon's, pushed inside the frame. A null `icon` (the desktop does not tell) stands for the
+/// pointer.
+QPoint menuBarWindowOrigin(const QRect &icon, QPoint pointer, QSize window,
+                           const QRect &visibleFrame);

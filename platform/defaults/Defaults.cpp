@@ -25,8 +25,8 @@ Defaults::~Defaults() = default;
 
 QString Defaults::standardFile()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
-        + QStringLiteral("/Quillery/Quillery.conf");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Quillery/Quillery.conf");
 }
 
 bool Defaults::contains(const QString &key) const
@@ -120,8 +120,8 @@ void Defaults::fileChanged()
     QStringList keys = before.keys() + m_known.keys();
     keys.removeDuplicates();
     for (const QString &key : std::as_const(keys)) {
-        if (before.value(key).toString() != m_known.value(key).toString()
-            || before.contains(key) != m_known.contains(key)) {
+        if (before.value(key).toString() != m_known.value(key).toString() ||
+            before.contains(key) != m_known.contains(key)) {
             emit changed(key);
         }
     }

@@ -15,9 +15,9 @@ namespace platform {
 /// The user's defaults: one flat set of keys in `$XDG_CONFIG_HOME/Quillery/Quillery.conf`.
 ///
 /// One object per process, owned by the entry type, main thread only; values() of a background task
-/// are copied out before it starts. Writes replace the file as a whole (a new file, renamed over the
-/// old one). A file that cannot be written keeps the values in memory. Edits of the file by hand are
-/// noticed.
+/// are copied out before it starts. Writes replace the file as a whole (a new file, renamed over
+/// the old one). A file that cannot be written keeps the values in memory. Edits of the file by
+/// hand are noticed.
 class Defaults : public QObject
 {
     Q_OBJECT

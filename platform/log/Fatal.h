@@ -5,8 +5,8 @@
 
 namespace platform {
 
-/// Ends the program for a value that must never occur: one line "Fatal error: <message>" on standard
-/// error, then abort(). Callers name the value, the allowed range and the key. Any thread.
+/// Ends the program for a value that must never occur: one line "Fatal error: <message>" on
+/// standard error, then abort(). Callers name the value, the allowed range and the key. Any thread.
 [[noreturn]] void fatalError(const QString &message);
 
 } // namespace platform

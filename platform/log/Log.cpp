@@ -19,7 +19,8 @@ namespace {
 
 constexpr const char *kJournalSocket = "/run/systemd/journal/socket";
 
-struct Origin {
+struct Origin
+{
     QByteArray subsystem;
     QByteArray category;
 };
@@ -56,11 +57,10 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
     static const bool hasJournal = access(kJournalSocket, F_OK) == 0;
     const Origin origin = originOf(context.category);
     const QByteArray line = text.toUtf8();
-    if (hasJournal
-        && sd_journal_send("MESSAGE=%s", line.constData(), "PRIORITY=%d", priorityOf(type),
-                           "SUBSYSTEM=%s", origin.subsystem.constData(), "CATEGORY=%s",
-                           origin.category.constData(), nullptr)
-               == 0) {
+    if (hasJournal &&
+        sd_journal_send("MESSAGE=%s", line.constData(), "PRIORITY=%d", priorityOf(type),
+                        "SUBSYSTEM=%s", origin.subsystem.constData(), "CATEGORY=%s",
+                        origin.category.constData(), nullptr) == 0) {
         return;
     }
     std::fprintf(stderr, "%s/%s: %s\n", origin.subsystem.constData(), origin.category.constData(),

@@ -5,10 +5,10 @@
 
 namespace platform {
 
-/// Sends every message of Qt's logging to the journal, with the fields SUBSYSTEM and CATEGORY, or to
-/// standard error where no journal runs. A category named "subsystem/category" gives both fields;
-/// any other name is a category of the subsystem "com.tarnwick.Quillery". Called once, first thing
-/// in main(). Content of the clipboard or of snippets never goes into a log.
+/// Sends every message of Qt's logging to the journal, with the fields SUBSYSTEM and CATEGORY, or
+/// to standard error where no journal runs. A category named "subsystem/category" gives both
+/// fields; any other name is a category of the subsystem "com.tarnwick.Quillery". Called once,
+/// first thing in main(). Content of the clipboard or of snippets never goes into a log.
 void installLog();
 
 } // namespace platform

@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/app/Quillery_MacApp.h"
+
+#include "KeyboardShortcuts/KeyboardShortcuts.h"
+#include "Quillery_Mac/app/DesktopServices.h"
+#include "Quillery_Mac/app/FloatingPanel.h"
+#include "Quillery_Mac/app/MenuBarWindow.h"
+#include "Quillery_Mac/app/Scenes.h"
+#include "Quillery_Mac/app/TrayIcon.h"
+#include "Quillery_Mac/app/WindowPlacement.h"
+#include "Quillery_Mac/clipboard/ClipboardMonitor.h"
+#include "Quillery_Mac/menu/MenuView.h"
+#include "platform/hotkeys/HotkeyService.h"
+#include "platform/log/Fatal.h"
+#include "platform/log/Log.h"
+#include "platform/pasteboard/Pasteboard.h"
+#include "platform/tray/TrayItem.h"
+#include "platform/windows/Desktop.h"
+#include "platform/windows/MenuWindows.h"
+#include "updater/Updater.h"
+
+#include <QApplication>
+
+#include <chrono>
+
+namespace {
+
+/// Where the panel waits until it is summoned, and how large it is then.
+constexpr QRect kPanelRect(0, 0, 250, 145);
+
+/// How long the copied selection may take to arrive on the pasteboard before the form reads it.
+constexpr std::chrono::milliseconds kSelectionDelay{500};
+
+/// A shortcut as the user reads it; empty if the name has none.
+QString shortcutText(const KeyboardShortcuts::Name &name)
+{
+    const auto shortcut = KeyboardShortcuts::getShortcut(name);
+    return shortcut ? shortcut->description() : QString();
+}
+
+SceneBuilders emptyScenes()
+{
+    return {buildEmptyWindow, [](bool /*copy*/) { return buildEmptyWindow(); }, buildEmptyWindow,
+            buildEmptyWindow};
+}
+
+} // namespace
+
+Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &defaults,
+                                 const QString &dataFolder)
+    : openWindow([this](const QString &scene) { m_scenes.openWindow(scene); })
+    , persistenceController(dataFolder)
+    , funcs([](bool /*copy*/, ManagedObjectContext & /*context*/) { return buildEmptyWindow(); },
+            [this](QWidget &ourWindow) { activate(ourWindow); })
+    , clipHistory(defaults, SettingsKeys::kClipHistory)
+    , historySize(defaults, SettingsKeys::kHistorySize)
+    , device(defaults, SettingsKeys::kDevice)
+    , firstLoad(defaults, SettingsKeys::kFirstLoad)
+    , m_desktop(desktop)
+    , m_defaults(defaults)
+    , m_pasteAction(*desktop.keyEventPoster, pasteNow)
+    , m_scenes(makeScenes(emptyScenes()), [this](QWidget &ourWindow) { activate(ourWindow); })
+{
+    funcs.openWindow = openWindow;
+    KeyboardShortcuts::setUp(defaults, *desktop.hotkeys, *desktop.keyboardLayout);
+}
+
+Quillery_MacApp::~Quillery_MacApp()
+{
+    KeyboardShortcuts::tearDown();
+}
+
+void Quillery_MacApp::start()
+{
+    m_notifications.watchApplication();
+    window = std::make_unique<FloatingPanel>([] { return nullptr; }, showMenu, kPanelRect,
+                                             *m_desktop.panelWindows, m_notifications);
+    m_menuBarWindow = std::make_unique<MenuBarWindow>(
+        [this](MenuBarWindow &host) { return buildMenu(false, host); }, *m_desktop.desktop,
+        *m_desktop.menuBarWindows, m_notifications);
+
+    assignDevice();
+    followClipHistory();
+    attachShortcutHandlers();
+    openSetupIfFirstLoad();
+    showTrayItem();
+}
+
+void Quillery_MacApp::assignDevice()
+{
+    if (device.value().isEmpty())
+        device.setValue(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper());
+}
+
+void Quillery_MacApp::followClipHistory()
+{
+    const auto follow = [this] {
+        if (!clipHistory.value()) {
+            monitor.reset();
+        } else if (monitor == nullptr) {
+            monitor = ClipboardMonitor::start(*m_desktop.pasteboard, m_defaults,
+                                              *persistenceController.container);
+        }
+    };
+    m_observers.push_back(clipHistory.cell().addNotifier(follow));
+    follow();
+}
+
+void Quillery_MacApp::attachShortcutHandlers()
+{
+    using KeyboardShortcuts::Name;
+    // The window managers let a window come to the front that answers to something the user did.
+    const auto noteTime = [this] {
+        m_desktop.desktop->noteUserTime(m_desktop.hotkeys->lastEventTime());
+    };
+    KeyboardShortcuts::onKeyDown(Name::contextHotKey(), [this, noteTime] {
+        noteTime();
+        openPastePanel();
+    });
+    KeyboardShortcuts::onKeyUp(Name::addHotKey(), [this, noteTime] {
+        noteTime();
+        addFromSelection();
+    });
+}
+
+void Quillery_MacApp::openSetupIfFirstLoad()
+{
+    if (!firstLoad.value())
+        return;
+    QWidget *setup = buildEmptyWindow();
+    setup->setAttribute(Qt::WA_DeleteOnClose);
+    setup->setWindowTitle(tr("Quillery Setup"));
+    centreOnScreen(*setup);
+    activate(*setup);
+}
+
+void Quillery_MacApp::showTrayItem()
+{
+    connect(m_desktop.tray.get(), &platform::TrayItem::activated, m_menuBarWindow.get(),
+            &MenuBarWindow::toggle);
+    connect(&KeyboardShortcuts::notifications(),
+            &KeyboardShortcuts::Notifications::shortcutByNameDidChange, this,
+            &Quillery_MacApp::updateToolTip);
+    m_desktop.tray->show(makeTrayIcon(QApplication::palette().windowText().color()),
+                         tr("Quillery"));
+    updateToolTip();
+}
+
+void Quillery_MacApp::updateToolTip()
+{
+    const QString shortcut = shortcutText(KeyboardShortcuts::Name::contextHotKey());
+    m_desktop.tray->setToolTip(shortcut.isEmpty() ? tr("Quillery") : tr("Quillery") + u' ' + shortcut);
+}
+
+void Quillery_MacApp::openPastePanel()
+{
+    const QPoint pointer = m_desktop.desktop->pointer();
+    const QRect visibleFrame = m_desktop.desktop->visibleFrame(pointer);
+    if (visibleFrame.isNull())
+        platform::fatalError(QStringLiteral("there is no screen to show the paste menu on: the "
+                                            "number of screens must be at least 1, it is 0"));
+    window->move(panelOrigin(pointer, visibleFrame));
+    window->setContent(buildMenu(true, *window));
+    showMenu = true;
+    window->makeKeyAndOrderFront();
+    observePanelOnce();
+}
+
+// Every summons adds one; all of them are gone after the panel has resigned key.
+void Quillery_MacApp::observePanelOnce()
+{
+    auto token = std::make_shared<WindowNotification::Token>();
+    *token = m_notifications.didResignKey.addObserver(window.get(), [this, token](QWidget &) {
+        window->setContent(nullptr);
+        window->close();
+        m_pasteAction.windowDidResignKey();
+        m_notifications.didResignKey.removeObserver(*token);
+    });
+}
+
+void Quillery_MacApp::addFromSelection()
+{
+    m_pasteAction.copySelection();
+    QTimer::singleShot(kSelectionDelay, this, [this] {
+        funcs.openAddSnippetWindow(true, persistenceController.container->viewContext());
+    });
+}
+
+void Quillery_MacApp::openMenuBarWindow(const QRect &icon)
+{
+    m_menuBarWindow->open(icon);
+}
+
+void Quillery_MacApp::performAction(const QString &name)
+{
+    if (name == QLatin1String("paste-menu"))
+        openPastePanel();
+    else if (name == QLatin1String("add-from-selection"))
+        addFromSelection();
+    else if (name == QLatin1String("check-for-updates"))
+        checkForUpdates();
+    else if (name == QLatin1String("quit"))
+        QApplication::quit();
+    else
+        openWindow(name);
+}
+
+void Quillery_MacApp::checkForUpdates()
+{
+    if (updaterController != nullptr && updaterController->updater().canCheckForUpdates())
+        updaterController->updater().checkForUpdates();
+}
+
+QWidget *Quillery_MacApp::buildMenu(bool contextMenu, PanelWindow &host)
+{
+    const MenuEnvironment environment{
+        .funcs = funcs,
+        .viewContext = persistenceController.container->viewContext(),
+        .defaults = m_defaults,
+        .pasteboard = *m_desktop.pasteboard,
+        .windows = host.menuWindows(),
+        .desktop = *m_desktop.desktop,
+        .matches =
+            [this](const Snippet &snippet, const QString &searchText) {
+                m_matcher.setSearchText(searchText);
+                return m_matcher.matches(snippet);
+            },
+        .addShortcutHint = [] { return shortcutText(KeyboardShortcuts::Name::addHotKey()); },
+        .searchMayBegin = [this] { m_matcher.prepare(*persistenceController.container); },
+    };
+    auto *menu = new MenuView(environment, pasteNow,
+                              {.contextMenu = contextMenu,
+                               .window = contextMenu ? &host : nullptr,
+                               .updaterController = updaterController,
+                               .dismiss = [&host] { host.close(); }});
+    followRequests(*menu);
+    if (!contextMenu)
+        observeEveryWindow();
+    return menu;
+}
+
+void Quillery_MacApp::followRequests(MenuView &menu)
+{
+    const auto on = [this, &menu](QProperty<bool> &request, QLatin1String scene) {
+        connectRequest(menu, request, scene);
+    };
+    on(menu.showSettings, SceneId::kSettings);
+    on(menu.showAdd, SceneId::kAddSnippet);
+}
+
+// The observer belongs to the menu: the cell that it watches goes with it.
+void Quillery_MacApp::connectRequest(MenuView &menu, QProperty<bool> &request, QLatin1String scene)
+{
+    auto observer = std::make_shared<QPropertyNotifier>();
+    *observer = request.addNotifier([this, &request, scene] {
+        if (!request.value())
+            return;
+        request = false;
+        openWindow(scene);
+    });
+    connect(&menu, &QObject::destroyed, this, [observer] {});
+}
+
+// One more for each time that the menu-bar window's content appears; none is ever removed. The
+// first one that is called clears the paste flag, so the others do nothing.
+void Quillery_MacApp::observeEveryWindow()
+{
+    m_notifications.didResignKey.addObserver(
+        nullptr, [this](QWidget &) { m_pasteAction.windowDidResignKey(); });
+}
+
+void Quillery_MacApp::activate(QWidget &ourWindow)
+{
+    m_desktop.desktop->activate(ourWindow);
+}

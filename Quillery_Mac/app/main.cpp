@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/app/DesktopServices.h"
+#include "Quillery_Mac/app/Quillery_MacApp.h"
+#include "platform/defaults/Defaults.h"
+#include "platform/instance/SingleInstance.h"
+#include "platform/log/Log.h"
+#include "platform/pasteboard/Pasteboard.h"
+#include "platform/session/TerminationSignals.h"
+
+#include <QApplication>
+
+namespace {
+
+void describeApplication()
+{
+    QApplication::setApplicationName(QStringLiteral("Quillery"));
+    QApplication::setApplicationVersion(QStringLiteral(QUILLERY_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("com.tarnwick.Quillery"));
+    // The program lives in the bar: closing its last window does not end it.
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+} // namespace
+
+int main(int /*argc*/, char **argv)
+{
+    platform::installLog();
+    // There are no command-line options, not even the toolkit's.
+    int argumentCount = 1;
+    const QApplication application(argumentCount, argv);
+    describeApplication();
+
+    platform::SingleInstance instance;
+    if (!instance.acquire())
+        return 0;
+
+    const platform::TerminationSignals termination;
+    QObject::connect(&termination, &platform::TerminationSignals::received, &application,
+                     &QApplication::quit);
+
+    platform::Defaults defaults(platform::Defaults::standardFile());
+    DesktopServices desktop;
+    connectDesktop(desktop);
+    Quillery_MacApp app(desktop, defaults, PersistenceController::standardDataFolder());
+    QObject::connect(&instance, &platform::SingleInstance::activated, &app,
+                     [&app] { app.openMenuBarWindow(QRect()); });
+    QObject::connect(&instance, &platform::SingleInstance::actionActivated, &app,
+                     &Quillery_MacApp::performAction);
+    QObject::connect(&application, &QApplication::aboutToQuit, &app,
+                     [&desktop] { desktop.pasteboard->handOver(); });
+    app.start();
+    return QApplication::exec();
+}
