@@ -37,7 +37,8 @@ TEST(PanelPlacement, usesTheFrameOfASecondScreen)
 
 TEST(MenuBarWindowPlacement, standsFourBelowAnIconInABarOnTop)
 {
-    EXPECT_EQ(menuBarWindowOrigin(QRect(1000, 0, 24, 24), QPoint(), kMenu, kFrame), QPoint(1000, 28));
+    EXPECT_EQ(menuBarWindowOrigin(QRect(1000, 0, 24, 24), QPoint(), kMenu, kFrame),
+              QPoint(1000, 28));
 }
 
 TEST(MenuBarWindowPlacement, standsFourAboveAnIconInABarAtTheBottom)
