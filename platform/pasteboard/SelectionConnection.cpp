@@ -3,9 +3,9 @@
 
 #include "platform/log/Log.h"
 
-#include <QDeadlineTimer>
 #include <QElapsedTimer>
 
+#include <chrono>
 #include <utility>
 
 #include <poll.h>
@@ -115,9 +115,8 @@ void SelectionConnection::flush()
 }
 
 bool SelectionConnection::pumpUntil(const std::function<bool()> &isDone,
-                                    std::chrono::milliseconds atMost)
+                                    const QDeadlineTimer &deadline)
 {
-    const QDeadlineTimer deadline(atMost);
     while (!isDone()) {
         if (deadline.hasExpired() || isBroken())
             return false;

@@ -4,10 +4,10 @@
 #include "platform/pasteboard/SelectionAtoms.h"
 #include "platform/x11/X11Connection.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QSocketNotifier>
 
-#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -58,8 +58,9 @@ public:
     /// handlers above.
     void flush();
 
-    /// Waits, serving this connection only, until `isDone` or the time is over. Only for quitting.
-    bool pumpUntil(const std::function<bool()> &isDone, std::chrono::milliseconds atMost);
+    /// Waits, serving this connection only, until `isDone` or the deadline is over. Only for
+    /// quitting.
+    bool pumpUntil(const std::function<bool()> &isDone, const QDeadlineTimer &deadline);
 
 signals:
     /// An event, or the error of a request (type 0). `event` lives as long as the call.

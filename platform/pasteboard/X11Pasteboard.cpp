@@ -3,6 +3,8 @@
 
 #include "platform/log/Log.h"
 
+#include <QDeadlineTimer>
+
 #include <utility>
 
 namespace platform {
@@ -95,17 +97,31 @@ void X11Pasteboard::offerAsPrimary()
 
 void X11Pasteboard::handOver()
 {
-    const bool hasForeignManager = m_keeper.manager() != XCB_NONE && !m_keeper.isManager();
-    if (!m_clipboard.isOurs() || !m_string || !hasForeignManager)
+    if (!m_clipboard.isOurs() || !m_string)
         return;
+    const QDeadlineTimer deadline(kHandOverTime);
+    // The answer also brings whatever happened before it: another program's copy for example.
+    const auto manager = std::make_shared<std::optional<xcb_window_t>>();
+    m_connection->whenReplied(
+        xcb_get_selection_owner(m_connection->xcb(), m_connection->atoms().clipboardManager),
+        [manager](xcb_window_t owner) { *manager = owner; });
+    m_connection->pumpUntil([&] { return manager->has_value(); }, deadline);
+    const xcb_window_t owner = manager->value_or(XCB_NONE);
+    if (owner == XCB_NONE || owner == m_connection->window() || !m_clipboard.isOurs())
+        return;
+    askManagerToSave();
+    if (!m_connection->pumpUntil([this] { return m_isHandedOver; }, deadline))
+        qCInfo(logPasteboard, "the clipboard manager did not take our text in time");
+}
+
+void X11Pasteboard::askManagerToSave()
+{
     const SelectionAtoms &atoms = m_connection->atoms();
+    m_isHandedOver = false;
     xcb_change_property(m_connection->xcb(), XCB_PROP_MODE_REPLACE, m_connection->window(),
                         atoms.saveList, XCB_ATOM_ATOM, 32, 1, &atoms.utf8String);
     xcb_convert_selection(m_connection->xcb(), m_connection->window(), atoms.clipboardManager,
                           atoms.saveTargets, atoms.saveList, m_clipboard.offer().acquiredAt);
-    m_isHandedOver = false;
-    if (!m_connection->pumpUntil([this] { return m_isHandedOver; }, kHandOverTime))
-        qCInfo(logPasteboard, "the clipboard manager did not take our text in time");
 }
 
 void X11Pasteboard::receive(const xcb_generic_event_t &event)

@@ -48,6 +48,24 @@ protected:
         return waitFor([&] { return pasteboard->string() == expected; });
     }
 
+    /// Puts a text on the pasteboard and waits until the X server has carried it out: it may take
+    /// the requests of different programs in any order.
+    void write(const QByteArray &text)
+    {
+        pasteboard->clearContents();
+        ASSERT_TRUE(pasteboard->setString(text));
+        ASSERT_TRUE(waitForOurs("CLIPBOARD"));
+    }
+
+    /// The peer is the only other program.
+    bool waitForOurs(const QByteArray &selection)
+    {
+        return waitFor([&] {
+            const xcb_window_t owner = peer.ownerOf(selection);
+            return owner != XCB_NONE && owner != peer.window();
+        });
+    }
+
     PrivateDisplay display;
     SelectionPeer peer{display.name()};
     std::unique_ptr<platform::X11Pasteboard> pasteboard;

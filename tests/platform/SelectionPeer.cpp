@@ -245,10 +245,11 @@ void SelectionPeer::notified(const xcb_selection_notify_event_t &event)
             continue;
         const std::optional<Value> value = property(event.property, true);
         request->isIncremental = value && value->type == "INCR";
-        request->isFinished = !request->isIncremental;
         request->type = value ? value->type : QByteArray();
-        if (value && !request->isIncremental)
-            request->bytes = value->bytes;
+        if (request->isIncremental)
+            continue;
+        request->bytes = value ? value->bytes : QByteArray();
+        finish(*request);
     }
 }
 
@@ -270,6 +271,14 @@ void SelectionPeer::propertyChanged(const xcb_property_notify_event_t &event)
         ++request->increments;
         request->type = value->type;
         request->bytes += value->bytes;
-        request->isFinished = value->bytes.isEmpty();
+        if (value->bytes.isEmpty())
+            finish(*request);
     }
+}
+
+void SelectionPeer::finish(Request &request)
+{
+    request.isFinished = true;
+    if (received)
+        received(request);
 }

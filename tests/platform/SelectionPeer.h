@@ -24,6 +24,8 @@ public:
         QByteArray type;
         int format = 8;
         QByteArray bytes;
+
+        bool operator==(const Value &) const = default;
     };
 
     /// What became of a request to an owner.
@@ -64,6 +66,8 @@ public:
     std::function<bool(const xcb_selection_request_event_t &, const QByteArray &target)> intercept;
     /// Told about every deletion of a property by the requestor of an incremental answer.
     std::function<void(xcb_atom_t property)> incrementTaken;
+    /// Told about every answer that is complete.
+    std::function<void(const Request &)> received;
     /// Every target that we were asked for, in order.
     std::vector<QByteArray> asked;
 
@@ -91,6 +95,7 @@ private:
     void readEvents();
     /// Waiting for a reply reads events too, without waking the notifier.
     void readEventsSoon();
+    void finish(Request &request);
     void receive(const xcb_generic_event_t &event);
     void requested(const xcb_selection_request_event_t &event);
     void notified(const xcb_selection_notify_event_t &event);
