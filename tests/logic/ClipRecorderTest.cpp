@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/clipboard/ClipRecorder.h"
+
+#include "Quillery_Mac/store/Clip.h"
+#include "Quillery_Mac/store/PersistenceController.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+constexpr double kLimitOfTwenty = 3;
+
+class ClipRecorderTest : public ::testing::Test
+{
+protected:
+    ManagedObjectContext &view() { return store.container->viewContext(); }
+
+    /// Saves clips with the contents "1", "2" ... at those positions.
+    void fill(int count)
+    {
+        for (int position = 1; position <= count; ++position)
+            addClip(position);
+        ASSERT_TRUE(view().save().has_value());
+    }
+
+    Clip *addClip(int position)
+    {
+        Clip *clip = view().insert<Clip>();
+        clip->setContent(QByteArray::number(position));
+        clip->setPosition(qint16(position));
+        return clip;
+    }
+
+    void record(const QByteArray &text, double historySize = kLimitOfTwenty)
+    {
+        const ClipRecorder recorder(text, QStringLiteral("THIS-DEVICE"), historySize);
+        store.container->performBackgroundTask(
+            [recorder](ManagedObjectContext &context) { recorder.record(context); });
+        store.container->waitForBackgroundTasks();
+    }
+
+    std::vector<QByteArray> contents()
+    {
+        std::vector<QByteArray> contents;
+        for (Clip *clip : view().fetch<Clip>())
+            contents.push_back(clip->content().value_or("(none)"));
+        return contents;
+    }
+
+    /// How many clips there are, if their positions are dense from 1; -1 if they are not.
+    qsizetype denseCount()
+    {
+        const std::vector<Clip *> clips = view().fetch<Clip>();
+        for (std::size_t i = 0; i < clips.size(); ++i) {
+            if (clips[i]->position() != qint16(i + 1))
+                return -1;
+        }
+        return qsizetype(clips.size());
+    }
+
+    QTemporaryDir folder;
+    PersistenceController store{folder.path()};
+};
+
+/// No file of this process may grow while the object exists: a full disk.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        m_handler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit nothing{1, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &nothing);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit m_before{};
+    void (*m_handler)(int) = SIG_DFL;
+};
+
+} // namespace
+
+TEST_F(ClipRecorderTest, theNewClipIsCompleteAndStandsAtPositionOne)
+{
+    record("copied");
+
+    const std::vector<Clip *> clips = view().fetch<Clip>();
+    ASSERT_EQ(clips.size(), 1u);
+    EXPECT_EQ(clips.front()->content(), "copied");
+    EXPECT_EQ(clips.front()->position(), 1);
+    EXPECT_EQ(clips.front()->device(), QStringLiteral("THIS-DEVICE"));
+    EXPECT_TRUE(clips.front()->id().has_value());
+}
+
+TEST_F(ClipRecorderTest, everyClipHasAnIdOfItsOwn)
+{
+    record("one");
+    record("two");
+
+    const std::vector<Clip *> clips = view().fetch<Clip>();
+    ASSERT_EQ(clips.size(), 2u);
+    EXPECT_NE(clips.front()->id(), clips.back()->id());
+}
+
+TEST_F(ClipRecorderTest, theMostRecentClipIsAlwaysTheOneAtPositionOne)
+{
+    record("first");
+    record("second");
+    record("third");
+
+    EXPECT_EQ(contents(), (std::vector<QByteArray>{"third", "second", "first"}));
+    EXPECT_EQ(denseCount(), 3);
+}
+
+TEST_F(ClipRecorderTest, theSameTextTwiceIsTwoClips)
+{
+    record("same");
+    record("same");
+
+    EXPECT_EQ(contents(), (std::vector<QByteArray>{"same", "same"}));
+}
+
+TEST_F(ClipRecorderTest, theDefaultLimitLeavesEighteenOfTwentyFiveClips)
+{
+    fill(25);
+
+    record("new");
+
+    EXPECT_EQ(denseCount(), 18);
+    const std::vector<QByteArray> left = contents();
+    EXPECT_EQ(left.front(), "new");
+    EXPECT_EQ(left.at(1), "1");
+    EXPECT_EQ(left.back(), "17");
+}
+
+struct LimitRow
+{
+    double historySize;
+    int limit;
+    int left;
+};
+
+class ClipRecorderLimit : public ClipRecorderTest, public ::testing::WithParamInterface<LimitRow>
+{
+};
+
+TEST_P(ClipRecorderLimit, leavesTwoLessThanTheLimit)
+{
+    const LimitRow &row = GetParam();
+    fill(row.limit + 5);
+
+    record("new", row.historySize);
+
+    EXPECT_EQ(denseCount(), row.left);
+    EXPECT_EQ(contents().front(), "new");
+}
+
+TEST_P(ClipRecorderLimit, isNeverExceededByFurtherCopies)
+{
+    const LimitRow &row = GetParam();
+    fill(row.left);
+
+    record("one more", row.historySize);
+    record("and another", row.historySize);
+
+    EXPECT_EQ(denseCount(), std::max(row.left, 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Limits, ClipRecorderLimit,
+                         ::testing::Values(LimitRow{0, 1, 1}, LimitRow{1, 5, 3}, LimitRow{2, 10, 8},
+                                           LimitRow{3, 20, 18}, LimitRow{3.9, 20, 18},
+                                           LimitRow{9, 1000, 998}));
+
+TEST_F(ClipRecorderTest, gapsAndDuplicatesOfPositionsAreClosed)
+{
+    for (const int position : {7, 7, -3, 0, 32767})
+        addClip(position);
+    ASSERT_TRUE(view().save().has_value());
+
+    record("new");
+
+    EXPECT_EQ(denseCount(), 6);
+    EXPECT_EQ(contents(), (std::vector<QByteArray>{"new", "-3", "0", "7", "7", "32767"}));
+}
+
+TEST_F(ClipRecorderTest, clipsWithoutContentDeviceAndIdKeepTheirPlace)
+{
+    Clip *empty = view().insert<Clip>();
+    empty->setPosition(1);
+    addClip(2);
+    ASSERT_TRUE(view().save().has_value());
+
+    record("new");
+
+    EXPECT_EQ(contents(), (std::vector<QByteArray>{"new", "(none)", "2"}));
+    EXPECT_EQ(denseCount(), 3);
+}
+
+TEST_F(ClipRecorderTest, aTextWithZeroBytesIsKeptWhole)
+{
+    const QByteArray text("a\0b\0", 4);
+    record(text);
+
+    EXPECT_EQ(contents(), std::vector<QByteArray>{text});
+}
+
+TEST_F(ClipRecorderTest, recordingsQueueOneBehindTheOther)
+{
+    for (const char *text : {"first", "second", "third"}) {
+        const ClipRecorder recorder(text, QString(), kLimitOfTwenty);
+        store.container->performBackgroundTask(
+            [recorder](ManagedObjectContext &context) { recorder.record(context); });
+    }
+    store.container->waitForBackgroundTasks();
+
+    EXPECT_EQ(contents(), (std::vector<QByteArray>{"third", "second", "first"}));
+    EXPECT_EQ(denseCount(), 3);
+}
+
+TEST_F(ClipRecorderTest, aFailedSaveIsDroppedAndTheNextCopyIsSavedAgain)
+{
+    record("before");
+    {
+        const FullDisk disk;
+        record(QByteArray(1024 * 1024, 'x'));
+    }
+    EXPECT_EQ(contents(), std::vector<QByteArray>{"before"});
+
+    record("after");
+
+    EXPECT_EQ(contents(), (std::vector<QByteArray>{"after", "before"}));
+    EXPECT_EQ(denseCount(), 2);
+}
+
+TEST_F(ClipRecorderTest, aHistoryOf32765ClipsIsStillCounted)
+{
+    for (int i = 0; i < 32765; ++i)
+        addClip(1);
+
+    ClipRecorder("new", QString(), kLimitOfTwenty).record(view());
+
+    EXPECT_EQ(denseCount(), 18);
+}
+
+using ClipRecorderDeathTest = ClipRecorderTest;
+
+TEST_F(ClipRecorderDeathTest, oneClipMoreIsFatal)
+{
+    EXPECT_EXIT(
+        {
+            for (int i = 0; i < 32766; ++i)
+                addClip(1);
+            ClipRecorder("new", QString(), kLimitOfTwenty).record(view());
+        },
+        ::testing::KilledBySignal(SIGABRT), "Fatal error: position 32768 .*-32768 to 32767");
+}
+
+TEST_F(ClipRecorderDeathTest, aLimitOutOfRangeIsFatalOnceItIsRead)
+{
+    for (const double historySize : {10.0, -1.0, std::numeric_limits<double>::infinity(),
+                                     std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EXIT(
+            {
+                addClip(1);
+                ClipRecorder("new", QString(), historySize).record(view());
+            },
+            ::testing::KilledBySignal(SIGABRT), "Fatal error: historySize .* 0 to 9");
+    }
+}
+
+TEST_F(ClipRecorderTest, aLimitOutOfRangeIsNotReadForAnEmptyHistory)
+{
+    record("first", 10.0);
+
+    EXPECT_EQ(contents(), std::vector<QByteArray>{"first"});
+}
