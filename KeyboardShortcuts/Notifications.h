@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "KeyboardShortcuts/Name.h"
+
+#include <QObject>
+
+namespace KeyboardShortcuts {
+
+/// The notification's name, and the key of its one entry of user info.
+inline constexpr auto KeyboardShortcuts_shortcutByNameDidChange =
+    "KeyboardShortcuts_shortcutByNameDidChange";
+
+/// What the shortcut library announces to anybody. Main thread only.
+class Notifications : public QObject
+{
+    Q_OBJECT
+
+signals:
+    /// The stored shortcut of `name` was set or removed, perhaps to what it was before.
+    void shortcutByNameDidChange(const KeyboardShortcuts::Name &name);
+};
+
+} // namespace KeyboardShortcuts
