@@ -30,6 +30,13 @@ PrivateDisplay::PrivateDisplay()
 
 PrivateDisplay::~PrivateDisplay()
 {
+    stop();
+}
+
+void PrivateDisplay::stop()
+{
+    if (m_server.state() == QProcess::NotRunning)
+        return;
     m_server.terminate();
     if (!m_server.waitForFinished(kRunMilliseconds))
         m_server.kill();

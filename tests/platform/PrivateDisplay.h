@@ -19,6 +19,9 @@ public:
     /// As in $DISPLAY; empty if the server did not start.
     const QByteArray &name() const { return m_name; }
 
+    /// Ends the server; its clients lose their connections.
+    void stop();
+
     /// The environment for a program that is to run here.
     QProcessEnvironment environment() const;
 
