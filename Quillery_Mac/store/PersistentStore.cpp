@@ -16,8 +16,24 @@ namespace {
 // Pages of 16 KB, together 4 MB: some four recordings into a full history.
 constexpr int kLongLog = 256;
 
-platform::Result<void> checkContents(SQLite::Database &database, const QString &file, int newest)
+// Whether the tables are ours: none at all in a new file, those of the newest version in a file
+// that says it has that.
+bool hasOurTables(SQLite::Database &database, int version, const StoreDescription &description)
 {
+    if (version == 0)
+        return database.execAndGet("SELECT count(*) FROM sqlite_master").getInt() == 0;
+    if (version == newestVersion(description.kind)) {
+        const Entity &entity = entityOf(description.kind);
+        return database.tryExec(selectAllText(entity) + " LIMIT 0") == SQLITE_OK;
+    }
+    return version > 0;
+}
+
+platform::Result<void> checkContents(SQLite::Database &database,
+                                     const StoreDescription &description)
+{
+    const QString &file = description.file;
+    const int newest = newestVersion(description.kind);
     const auto refused = [&file](const QString &why) {
         return platform::failure(Error::Kind::Refused,
                                  QStringLiteral("Load %1: %2").arg(file, why));
@@ -29,7 +45,9 @@ platform::Result<void> checkContents(SQLite::Database &database, const QString &
     }
     const std::string verdict = database.execAndGet("PRAGMA quick_check(1)").getString();
     if (verdict != "ok")
-        return refused(QString::fromStdString(verdict));
+        return refused(QString::fromStdString(verdict).simplified());
+    if (!hasOurTables(database, version, description))
+        return refused(QStringLiteral("file holds other tables"));
     return {};
 }
 
@@ -48,12 +66,10 @@ PersistentStore::load(const StoreDescription &description)
     try {
         store->m_view = std::make_unique<StoreConnection>(file, store->m_health);
         SQLite::Database &database = store->m_view->database();
-        if (const auto whole = checkContents(database, file, newest); !whole)
-            return tl::unexpected(whole.error());
+        if (const auto usableContents = checkContents(database, description); !usableContents)
+            return tl::unexpected(usableContents.error());
         store->m_view->useStore();
         migrate(database, description.kind);
-        // Fails when the tables are not ours.
-        store->m_view->statement(selectAllText(entityOf(description.kind)));
     } catch (const SQLite::Exception &error) {
         return platform::failure(Error::Kind::Io, QStringLiteral("Load %1: %2 (code %3)")
                                                       .arg(file, QString::fromUtf8(error.what()))
