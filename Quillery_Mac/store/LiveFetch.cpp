@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/store/LiveFetch.h"
 
-#include <utility>
-
 LiveFetchBase::LiveFetchBase(ManagedObjectContext &context, const Entity &entity)
     : m_context(context)
     , m_entity(entity)
@@ -14,8 +12,12 @@ LiveFetchBase::LiveFetchBase(ManagedObjectContext &context, const Entity &entity
             });
 }
 
-bool LiveFetchBase::takeIsStale()
+bool LiveFetchBase::isStale() const
 {
-    const quint64 revision = m_context.revision(m_entity);
-    return std::exchange(m_revision, revision) != revision;
+    return m_revision != m_context.revision(m_entity);
+}
+
+void LiveFetchBase::setFresh()
+{
+    m_revision = m_context.revision(m_entity);
 }

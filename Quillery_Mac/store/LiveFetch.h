@@ -20,8 +20,9 @@ signals:
 
 protected:
     ManagedObjectContext &context() const { return m_context; }
-    /// Whether the objects changed since the last call.
-    bool takeIsStale();
+    /// Whether the objects changed since setFresh().
+    bool isStale() const;
+    void setFresh();
 
 private:
     ManagedObjectContext &m_context;
@@ -44,8 +45,10 @@ public:
     /// long as the fetch, the vector's contents until the next call after a change.
     const std::vector<E *> &results()
     {
-        if (takeIsStale())
+        if (isStale()) {
             m_results = context().template fetch<E>();
+            setFresh();
+        }
         return m_results;
     }
 

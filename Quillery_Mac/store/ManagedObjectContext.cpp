@@ -68,7 +68,7 @@ ObjectTable &ManagedObjectContext::loadedTable(const Entity &entity)
     return objects;
 }
 
-std::vector<ManagedObject *> ManagedObjectContext::fetchObjects(const Entity &entity)
+const std::vector<ManagedObject *> &ManagedObjectContext::fetchObjects(const Entity &entity)
 {
     return loadedTable(entity).sorted();
 }

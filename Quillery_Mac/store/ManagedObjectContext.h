@@ -49,7 +49,7 @@ public:
     template <class E>
     std::vector<E *> fetch()
     {
-        const std::vector<ManagedObject *> objects = fetchObjects(E::staticEntity());
+        const std::vector<ManagedObject *> &objects = fetchObjects(E::staticEntity());
         std::vector<E *> result(objects.size());
         for (std::size_t i = 0; i < objects.size(); ++i)
             result[i] = static_cast<E *>(objects[i]);
@@ -101,7 +101,7 @@ private:
     friend class ManagedObject;
     friend class PersistentContainer;
 
-    std::vector<ManagedObject *> fetchObjects(const Entity &entity);
+    const std::vector<ManagedObject *> &fetchObjects(const Entity &entity);
     qsizetype countObjects(const Entity &entity);
     ManagedObject *findObject(const Entity &entity, qint64 objectId);
     ManagedObject *insertObject(const Entity &entity);

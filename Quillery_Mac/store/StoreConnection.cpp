@@ -2,6 +2,7 @@
 #include "Quillery_Mac/store/StoreConnection.h"
 
 #include <QFile>
+#include <QThread>
 
 #include <sqlite3.h>
 
@@ -12,6 +13,15 @@ namespace {
 // How long a connection waits for another one's write, in milliseconds. The longest write is one
 // long text, some 100 ms.
 constexpr int kBusyTimeout = 5000;
+
+// The library's own way to wait sleeps longer and longer; the main thread should go on at once.
+int waitForWriter(void *, int turns)
+{
+    if (turns >= kBusyTimeout)
+        return 0;
+    QThread::msleep(1);
+    return 1;
+}
 
 // What every connection to a store sets, once the file is known to be one. The log is emptied by
 // the background thread only (PersistentStore), so that no save of the main thread waits for it.
@@ -40,8 +50,9 @@ int noteLoggedPages(void *health, sqlite3 *, const char *, int pages)
 StoreConnection::StoreConnection(const QString &file, StoreHealth &health)
     : m_file(file)
     , m_health(health)
-    , m_database(QFile::encodeName(file).toStdString(), SQLite::OPEN_READWRITE, kBusyTimeout)
+    , m_database(QFile::encodeName(file).toStdString(), SQLite::OPEN_READWRITE)
 {
+    sqlite3_busy_handler(m_database.getHandle(), waitForWriter, nullptr);
     // A file that is not used in the end is left as it is, its log too.
     sqlite3_db_config(m_database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }

@@ -4,8 +4,6 @@
 // full library.
 #include "Quillery_Mac/store/TextFold.h"
 
-#include <QStringDecoder>
-
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
@@ -18,8 +16,6 @@ namespace {
 
 constexpr char32_t kLastCharacter = 0x10FFFF;
 constexpr std::size_t kPageSize = 256;
-// A long text is decoded in pieces of so many bytes.
-constexpr qsizetype kPiece = 64 * 1024;
 
 const icu::Normalizer2 &compatibilityDecomposition()
 {
@@ -79,10 +75,12 @@ bool isTurkic(const QLocale &locale)
     return locale.language() == QLocale::Turkish || locale.language() == QLocale::Azerbaijani;
 }
 
-bool isAscii(QByteArrayView bytes)
+// Where the run of ASCII characters, or of others, that begins at `at` ends.
+qsizetype endOfRun(QByteArrayView bytes, qsizetype at, bool isAscii)
 {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    while (at < bytes.size() && (static_cast<unsigned char>(bytes[at]) < 0x80) == isAscii)
+        ++at;
+    return at;
 }
 
 } // namespace
@@ -99,7 +97,16 @@ public:
     explicit Table(bool isTurkic)
         : m_caseRule(isTurkic ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT)
     {
+        for (char32_t character = 0; character < m_ascii.size(); ++character) {
+            const std::string &text = at(character).text;
+            m_ascii[character] = text.front();
+            m_hasLongAscii = m_hasLongAscii || text.size() > 1;
+        }
     }
+
+    // Whether an ASCII character folds to more than one byte, as "I" does in Turkish.
+    bool hasLongAscii() const { return m_hasLongAscii; }
+    char ascii(char byte) const { return m_ascii[static_cast<unsigned char>(byte)]; }
 
     const Entry &at(char32_t character)
     {
@@ -134,6 +141,8 @@ private:
     }
 
     uint32_t m_caseRule;
+    bool m_hasLongAscii = false;
+    std::array<char, 0x80> m_ascii{};
     std::array<std::unique_ptr<Page>, (kLastCharacter + 1) / kPageSize> m_pages;
 };
 
@@ -148,20 +157,43 @@ QByteArray TextFold::foldedUtf8(QByteArrayView utf8)
 {
     QByteArray result;
     result.reserve(utf8.size());
-    if (isAscii(utf8)) {
-        for (const char byte : utf8)
-            append(m_table->at(static_cast<unsigned char>(byte)).text, result);
-        return result;
-    }
     bool mayJoin = false;
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    for (qsizetype at = 0; at < utf8.size(); at += kPiece) {
-        const QString piece = decoder.decode(utf8.sliced(at, std::min(kPiece, utf8.size() - at)));
-        for (const uint character : piece.toUcs4()) {
-            const Table::Entry &entry = m_table->at(character);
-            append(entry.text, result);
-            mayJoin = mayJoin || entry.mayJoin;
-        }
+    qsizetype at = 0;
+    while (at < utf8.size()) {
+        const qsizetype asciiEnd = endOfRun(utf8, at, true);
+        appendAscii(utf8.sliced(at, asciiEnd - at), result);
+        at = endOfRun(utf8, asciiEnd, false);
+        mayJoin = appendOthers(utf8.sliced(asciiEnd, at - asciiEnd), result) || mayJoin;
     }
     return mayJoin ? composed(result) : result;
+}
+
+void TextFold::appendAscii(QByteArrayView ascii, QByteArray &result) const
+{
+    if (!m_table->hasLongAscii()) {
+        const qsizetype size = result.size();
+        result.resize(size + ascii.size());
+        std::transform(ascii.begin(), ascii.end(), result.data() + size,
+                       [this](char byte) { return m_table->ascii(byte); });
+        return;
+    }
+    for (const char byte : ascii)
+        append(m_table->at(static_cast<unsigned char>(byte)).text, result);
+}
+
+bool TextFold::appendOthers(QByteArrayView utf8, QByteArray &result) const
+{
+    bool mayJoin = false;
+    const QString text = QString::fromUtf8(utf8);
+    // Decoded text has no half of a pair alone.
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPair = text[at].isHighSurrogate();
+        const char32_t character =
+            isPair ? QChar::surrogateToUcs4(text[at], text[at + 1]) : text[at].unicode();
+        at += isPair ? 1 : 0;
+        const Table::Entry &entry = m_table->at(character);
+        append(entry.text, result);
+        mayJoin = mayJoin || entry.mayJoin;
+    }
+    return mayJoin;
 }

@@ -25,5 +25,10 @@ public:
 
 private:
     class Table;
+
+    void appendAscii(QByteArrayView ascii, QByteArray &result) const;
+    /// Answers whether the result may hold characters to be joined.
+    bool appendOthers(QByteArrayView utf8, QByteArray &result) const;
+
     std::unique_ptr<Table> m_table;
 };

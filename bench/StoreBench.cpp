@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: MIT
+// What the store costs at its limits: a full library of 32,767 snippets of 1 KB, a full history,
+// and a text of 50 MB. Times of single steps are given as percentiles, in milliseconds.
+#include "Quillery_Mac/store/Clip.h"
+#include "Quillery_Mac/store/PersistenceController.h"
+#include "Quillery_Mac/store/Snippet.h"
+#include "Quillery_Mac/store/SnippetMatcher.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <future>
+#include <random>
+
+namespace {
+
+constexpr int kFullLibrary = 32767;
+constexpr qsizetype kSnippetBytes = 1024;
+constexpr int kFullHistory = 998;
+constexpr qsizetype kLongText = 50 << 20;
+
+/// Text of made-up words, one in ten with letters that are not ASCII.
+class Words
+{
+public:
+    Words()
+    {
+        for (int word = 0; word < 5000; ++word)
+            m_words.append(makeWord());
+    }
+
+    QByteArray text(qsizetype bytes)
+    {
+        QByteArray result;
+        while (result.size() < bytes)
+            result += m_words.at(static_cast<qsizetype>(m_random() % 5000)) + ' ';
+        return result;
+    }
+
+private:
+    QByteArray makeWord()
+    {
+        static const QString kLetters = QStringLiteral("eeeeetttaaaooiinnsshhrrddlcumwfgypbvkjxqz");
+        static const QString kOthers = QStringLiteral("éèüößñçåøжлд漢字仮名");
+        const QString &letters = m_random() % 10 == 0 ? kOthers : kLetters;
+        QString word;
+        for (unsigned letter = 0; letter < 2 + m_random() % 8; ++letter)
+            word += letters.at(static_cast<qsizetype>(m_random()) % letters.size());
+        return word.toUtf8();
+    }
+
+    std::mt19937 m_random{42};
+    QByteArrayList m_words;
+};
+
+class Stores
+{
+public:
+    Stores() { open(); }
+
+    void open()
+    {
+        m_controller.reset();
+        m_controller =
+            std::make_unique<PersistenceController>(m_folder.filePath(QStringLiteral("Quillery")));
+    }
+    PersistentContainer &container() const { return *m_controller->container; }
+    ManagedObjectContext &view() const { return container().viewContext(); }
+
+private:
+    QTemporaryDir m_folder{QStringLiteral("/var/tmp/quillery-bench-XXXXXX")};
+    std::unique_ptr<PersistenceController> m_controller;
+};
+
+Stores &fullLibrary()
+{
+    static const std::unique_ptr<Stores> stores = [] {
+        auto full = std::make_unique<Stores>();
+        Words words;
+        for (int order = 0; order < kFullLibrary; ++order) {
+            auto *snippet = full->view().insert<Snippet>();
+            snippet->setId(QUuid::createUuid());
+            snippet->setOrder(static_cast<qint16>(order));
+            snippet->setTitle(QString::fromUtf8(words.text(20)));
+            snippet->setContent(words.text(kSnippetBytes));
+        }
+        static_cast<void>(full->view().save());
+        full->open();
+        return full;
+    }();
+    return *stores;
+}
+
+double milliseconds(const QElapsedTimer &timer)
+{
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void report(benchmark::State &state, const char *name, std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    const auto at = [&times](double part) {
+        return times[static_cast<std::size_t>(part * static_cast<double>(times.size() - 1))];
+    };
+    state.counters[std::string(name) + "_p50_ms"] = at(0.5);
+    state.counters[std::string(name) + "_p95_ms"] = at(0.95);
+    state.counters[std::string(name) + "_max_ms"] = at(1);
+}
+
+double residentMegabytes()
+{
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        return 0;
+    const double pages = statm.readAll().split(' ').value(1).toDouble();
+    return pages * static_cast<double>(::sysconf(_SC_PAGESIZE)) / (1 << 20);
+}
+
+// The recording pass of a full history.
+void record(ManagedObjectContext &context, const QByteArray &text)
+{
+    qint16 position = 1;
+    for (Clip *clip : context.fetch<Clip>()) {
+        clip->setPosition(++position);
+        if (position > kFullHistory)
+            context.deleteObject(*clip);
+    }
+    auto *clip = context.insert<Clip>();
+    clip->setId(QUuid::createUuid());
+    clip->setContent(text);
+    clip->setPosition(1);
+    static_cast<void>(context.save());
+}
+
+void fillHistory(const Stores &stores)
+{
+    Words words;
+    for (qint16 position = 1; position <= kFullHistory; ++position) {
+        auto *clip = stores.view().insert<Clip>();
+        clip->setId(QUuid::createUuid());
+        clip->setPosition(position);
+        clip->setContent(words.text(kSnippetBytes));
+    }
+    static_cast<void>(stores.view().save());
+}
+
+void openFullLibrary(benchmark::State &state)
+{
+    Stores &stores = fullLibrary();
+    std::vector<double> load;
+    std::vector<double> fetch;
+    for (auto step : state) {
+        QElapsedTimer timer;
+        timer.start();
+        stores.open();
+        load.push_back(milliseconds(timer));
+        timer.start();
+        benchmark::DoNotOptimize(stores.view().fetch<Snippet>());
+        fetch.push_back(milliseconds(timer));
+    }
+    report(state, "load", load);
+    report(state, "fetch", fetch);
+    ::malloc_trim(0);
+    const double before = residentMegabytes();
+    QElapsedTimer timer;
+    timer.start();
+    for (const Snippet *snippet : stores.view().fetch<Snippet>())
+        benchmark::DoNotOptimize(snippet->content());
+    state.counters["read_all_texts_ms"] = milliseconds(timer);
+    state.counters["MB_kept_by_reading_all_texts"] = residentMegabytes() - before;
+}
+BENCHMARK(openFullLibrary)->Unit(benchmark::kMillisecond)->Iterations(10);
+
+// One keystroke: the text is folded, and every snippet asked whether it matches.
+void searchKeystroke(benchmark::State &state)
+{
+    const Stores &stores = fullLibrary();
+    const auto snippets = stores.view().fetch<Snippet>();
+    SnippetMatcher matcher;
+    QElapsedTimer timer;
+    timer.start();
+    matcher.prepare(stores.container());
+    state.counters["prepare_main_ms"] = milliseconds(timer);
+    matcher.setSearchText(QStringLiteral("x"));
+    for (const Snippet *snippet : snippets)
+        matcher.matches(*snippet);
+    state.counters["first_search_ms"] = milliseconds(timer);
+
+    // Typed, taken back, and pasted texts; the last ones are in few or no snippets.
+    const QStringList texts{QStringLiteral("hello there"), QStringLiteral("the end"),
+                            QStringLiteral("çé"),          QStringLiteral("EE TT"),
+                            QStringLiteral("zzzz"),        QStringLiteral("漢字")};
+    std::vector<double> typed;
+    std::vector<double> pasted;
+    const auto search = [&](const QString &text, std::vector<double> &times) {
+        timer.start();
+        matcher.setSearchText(text);
+        for (const Snippet *snippet : snippets)
+            benchmark::DoNotOptimize(matcher.matches(*snippet));
+        times.push_back(milliseconds(timer));
+    };
+    for (auto step : state) {
+        for (const QString &text : texts) {
+            for (qsizetype length = 1; length <= text.size(); ++length)
+                search(text.first(length), typed);
+            for (qsizetype length = text.size(); length-- > 1;)
+                search(text.first(length), typed);
+            search(QStringLiteral("#"), pasted);
+            search(text, pasted);
+        }
+    }
+    report(state, "typed", typed);
+    report(state, "pasted", pasted);
+}
+BENCHMARK(searchKeystroke)->Unit(benchmark::kMillisecond)->Iterations(10);
+
+// One copy into a full history: in all, and what of it falls on the main thread (the merge).
+void recordOneClip(benchmark::State &state)
+{
+    const Stores stores;
+    fillHistory(stores);
+    stores.view().fetch<Clip>();
+    const QByteArray text(kSnippetBytes, 'x');
+    std::vector<double> all;
+    std::vector<double> main;
+    for (auto step : state) {
+        QElapsedTimer timer;
+        timer.start();
+        double done = 0;
+        std::promise<void> recorded;
+        stores.container().performBackgroundTask([&](ManagedObjectContext &context) {
+            record(context, text);
+            done = milliseconds(timer);
+            recorded.set_value();
+        });
+        recorded.get_future().wait();
+        QElapsedTimer merging;
+        merging.start();
+        QCoreApplication::processEvents();
+        benchmark::DoNotOptimize(stores.view().fetch<Clip>());
+        main.push_back(milliseconds(merging));
+        all.push_back(done + main.back());
+    }
+    report(state, "all", all);
+    report(state, "main", main);
+}
+BENCHMARK(recordOneClip)->Unit(benchmark::kMillisecond)->Iterations(300);
+
+// A text of 50 MB: what of it falls on the main thread, and what recording costs while it is there.
+void longText(benchmark::State &state)
+{
+    const QByteArray text(kLongText, 'x');
+    std::vector<double> recorded;
+    std::vector<double> next;
+    std::vector<double> read;
+    std::vector<double> preview;
+    std::vector<double> deleted;
+    for (auto step : state) {
+        const Stores stores;
+        fillHistory(stores);
+        stores.view().fetch<Clip>();
+        const auto timed = [&](auto &times, auto action) {
+            QElapsedTimer timer;
+            timer.start();
+            action();
+            times.push_back(milliseconds(timer));
+        };
+        const auto recordNow = [&](const QByteArray &content) {
+            stores.container().performBackgroundTask(
+                [content](ManagedObjectContext &context) { record(context, content); });
+            stores.container().waitForBackgroundTasks();
+        };
+        timed(recorded, [&] { recordNow(text); });
+        timed(next, [&] { recordNow("next"); });
+        Clip *clip = stores.view().fetch<Clip>().at(1);
+        timed(preview, [&] { benchmark::DoNotOptimize(clip->preview()); });
+        timed(read, [&] { benchmark::DoNotOptimize(clip->content()); });
+        timed(deleted, [&] {
+            stores.view().deleteObject(*clip);
+            static_cast<void>(stores.view().save());
+        });
+        QCoreApplication::processEvents();
+    }
+    report(state, "record", recorded);
+    report(state, "record_next", next);
+    report(state, "main_preview", preview);
+    report(state, "main_read", read);
+    report(state, "main_delete", deleted);
+}
+BENCHMARK(longText)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// Many copies in a row: memory and files stay as they are.
+void recordManyClips(benchmark::State &state)
+{
+    const Stores stores;
+    fillHistory(stores);
+    stores.view().fetch<Clip>();
+    Words words;
+    const auto recordSome = [&](int count) {
+        for (int copy = 0; copy < count; ++copy) {
+            stores.container().performBackgroundTask(
+                [text = words.text(kSnippetBytes)](ManagedObjectContext &context) {
+                    record(context, text);
+                });
+            stores.container().waitForBackgroundTasks();
+            QCoreApplication::processEvents();
+        }
+    };
+    recordSome(500);
+    const double before = residentMegabytes();
+    for (auto step : state)
+        recordSome(static_cast<int>(state.range(0)));
+    state.counters["MB_before"] = before;
+    state.counters["MB_after"] = residentMegabytes();
+}
+BENCHMARK(recordManyClips)->Unit(benchmark::kSecond)->Arg(10000)->Iterations(1);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
