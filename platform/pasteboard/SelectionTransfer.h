@@ -39,8 +39,10 @@ public:
         std::function<void(Outcome)> finished;
     };
 
-    /// Long values are read in slices of this size (bytes), 1 to 3 ms each.
-    static constexpr quint32 kSliceBytes = 1024 * 1024;
+    /// Long values are read in slices of this size (bytes). One fits into the socket of the
+    /// connection, so that the rest of it is there when its start is: xcb waits for a reply that
+    /// has begun.
+    static constexpr quint32 kSliceBytes = 128 * 1024;
 
     SelectionTransfer(SelectionConnection &connection, Handlers handlers);
 
