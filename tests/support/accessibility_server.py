@@ -1,0 +1,107 @@
+# SPDX-License-Identifier: MIT
+"""Reads the accessibility tree of the session that it runs in. One JSON request a line on
+standard input, one JSON answer a line on standard output. A process of its own, because the
+library connects once per process and the tests have many sessions."""
+
+import json
+import sys
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+MAX_DEPTH = 40
+
+STATES = ("SHOWING", "VISIBLE", "FOCUSED", "SELECTED", "CHECKED", "EXPANDED", "EDITABLE")
+
+
+def children(node):
+    for index in range(node.get_child_count()):
+        child = node.get_child_at_index(index)
+        if child is not None:
+            yield child
+
+
+def walk(node, depth=0):
+    try:
+        node.clear_cache_single()
+        yield node
+        if depth < MAX_DEPTH:
+            for child in children(node):
+                yield from walk(child, depth + 1)
+    except GLib.Error:
+        return  # gone while we looked
+
+
+def nodes(request):
+    for application in children(Atspi.get_desktop(0)):
+        application.clear_cache_single()
+        if application.get_name().lower() == request["application"].lower():
+            yield from walk(application)
+
+
+def description(node):
+    states = node.get_state_set()
+    result = {
+        "name": node.get_name(),
+        "role": node.get_role_name(),
+        "states": [name.lower() for name in STATES if states.contains(getattr(Atspi.StateType, name))],
+    }
+    component = node.get_component_iface()
+    if component is not None:
+        box = component.get_extents(Atspi.CoordType.SCREEN)
+        result["box"] = [box.x, box.y, box.width, box.height]
+    return result
+
+
+def find(request):
+    found = []
+    for node in nodes(request):
+        try:
+            if request.get("name") is not None and node.get_name() != request["name"]:
+                continue
+            if request.get("role") is not None and node.get_role_name() != request["role"]:
+                continue
+            seen = description(node)
+        except GLib.Error:
+            continue
+        if not request.get("showing", True) or "showing" in seen["states"]:
+            found.append(seen)
+    return found
+
+
+def text(request):
+    """The contents of the editable texts of the application that show."""
+    found = []
+    for node in nodes(request):
+        try:
+            states = node.get_state_set()
+            content = node.get_text_iface()
+            if content is None or not states.contains(Atspi.StateType.EDITABLE):
+                continue
+            if states.contains(Atspi.StateType.SHOWING):
+                found.append(Atspi.Text.get_text(content, 0, Atspi.Text.get_character_count(content)))
+        except GLib.Error:
+            continue
+    return found
+
+
+def applications(_request):
+    return [application.get_name() for application in children(Atspi.get_desktop(0))]
+
+
+def main():
+    Atspi.init()
+    Atspi.set_timeout(3000, 5000)
+    operations = {"find": find, "text": text, "applications": applications}
+    for line in sys.stdin:
+        request = json.loads(line)
+        try:
+            answer = {"value": operations[request["operation"]](request)}
+        except GLib.Error as failure:
+            answer = {"error": failure.message}
+        print(json.dumps(answer), flush=True)
+
+
+main()

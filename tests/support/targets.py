@@ -1,0 +1,137 @@
+# SPDX-License-Identifier: MIT
+"""Paste targets: real programs that tell exactly what they received.
+
+Terminals send a line end as a carriage return, as if Return had been pressed; text() turns it back.
+Everything else is compared byte by byte.
+"""
+
+import itertools
+import pathlib
+
+from support.desktop import START_BOUND, support_path
+from support.waiting import wait_until
+
+_numbers = itertools.count(1)
+
+
+class Target:
+    """A program with one text field. chord is how its user pastes."""
+
+    name = ""
+    chord = "ctrl+v"
+
+    def __init__(self, desktop):
+        self.desktop = desktop
+        number = next(_numbers)
+        self.title = f"{self.name} {number}"
+        self.path = desktop.folder / f"received-{number}"
+        self.process = None
+        self.window_id = None
+
+    def __enter__(self):
+        self.start()
+        return self
+
+    def __exit__(self, *_details):
+        self.stop()
+
+    def command(self):
+        raise NotImplementedError
+
+    def start(self):
+        """Starts the program and waits until it takes text."""
+        self.process = self.desktop.start(self.command())
+        wait_until(lambda: self.window() and self.path.exists(), START_BOUND, f"{self.name} is up")
+        self.window_id = self.window().id
+        self.focus()
+
+    def stop(self):
+        self.desktop.processes.end(self.process)
+        wait_until(lambda: not self.window(), START_BOUND, f"the window of {self.name} is gone")
+
+    def window(self):
+        """The target's window as it stands now; None while it is not shown."""
+        found = self.desktop.server.find_windows(title=self.title)
+        return found[0] if found else None
+
+    def has_focus(self):
+        return self.desktop.server.has_focus(self.window_id)
+
+    def focus(self):
+        """Clicks into the field, as a user does, until the keyboard is there."""
+        self.desktop.click(*self.window().centre)
+        wait_until(self.has_focus, START_BOUND, f"{self.name} has the focus")
+
+    def text(self):
+        """The bytes received so far."""
+        return self.path.read_bytes()
+
+    def clear(self):
+        """Empties the field by its own means."""
+        self.desktop.key("ctrl+a")
+        self.desktop.key("BackSpace")
+        self.wait_for_text(b"")
+
+    def wait_for_text(self, expected, bound=START_BOUND):
+        """Waits until exactly this text is there."""
+        wait_until(lambda: self.text() == expected, bound,
+                   lambda: f"{self.name} received the text; {difference(self.text(), expected)}")
+
+
+class Terminal(Target):
+    """A terminal that runs the recorder."""
+
+    def recorder(self):
+        return [*support_path("terminal_recorder.py"), self.path]
+
+    def text(self):
+        return super().text().replace(b"\r", b"\n")
+
+    def clear(self):
+        self.path.write_bytes(b"")  # the recorder appends
+
+
+class XtermTarget(Terminal):
+    name = "xterm"
+    chord = "shift+Insert"  # takes PRIMARY
+
+    def command(self):
+        return ["xterm", "-u8", "-T", self.title, "-e", *self.recorder()]
+
+
+class VteTarget(Terminal):
+    name = "vte"
+    chord = "ctrl+shift+v"
+
+    def command(self):
+        # It asks before it pastes several lines, and waits for the answer.
+        settings = pathlib.Path(self.desktop.env["XDG_CONFIG_HOME"], "xfce4/terminal/terminalrc")
+        settings.parent.mkdir(parents=True, exist_ok=True)
+        settings.write_text("[Configuration]\nMiscShowUnsafePasteDialog=FALSE\n")
+        return ["xfce4-terminal", "--disable-server", f"--title={self.title}",
+                "--dynamic-title-mode=none", "-x", *self.recorder()]
+
+
+class GtkTarget(Target):
+    name = "gtk"
+
+    def command(self):
+        return [*support_path("gtk_field.py"), self.path, self.title]
+
+
+class QtTarget(Target):
+    name = "qt"
+
+    def command(self):
+        return [*support_path("qt_field.py"), self.path, self.title]
+
+
+TARGETS = {target.name: target for target in (XtermTarget, VteTarget, GtkTarget, QtTarget)}
+
+
+def difference(got, expected):
+    """Where two texts part, in a few words."""
+    length = min(len(got), len(expected))
+    first = next((i for i in range(length) if got[i] != expected[i]), length)
+    return (f"got {len(got)} bytes of {len(expected)}, the same up to {first}: "
+            f"{got[first:first + 40]!r} instead of {expected[first:first + 40]!r}")

@@ -1,0 +1,241 @@
+# SPDX-License-Identifier: MIT
+"""One X client of the tests: it sees windows, focus and selections, and types and clicks."""
+
+import contextlib
+
+from Xlib import X, XK, Xatom, display, error
+from Xlib.ext import xtest
+
+SHIFT_LEVEL = 1  # column of the shifted character in the server's key map
+
+MODIFIER_KEYS = {
+    "shift": "Shift_L",
+    "ctrl": "Control_L",
+    "alt": "Alt_L",
+    "super": "Super_L",
+}
+
+
+class Window:
+    """What can be seen of a window from outside."""
+
+    def __init__(self, id, title, wm_class, x, y, width, height, override_redirect):
+        self.id = id
+        self.title = title
+        self.wm_class = wm_class
+        self.x, self.y, self.width, self.height = x, y, width, height
+        self.override_redirect = override_redirect
+
+    @property
+    def centre(self):
+        return self.x + self.width // 2, self.y + self.height // 2
+
+    def __repr__(self):
+        return f"Window({self.id:#x}, {self.title!r}, {self.wm_class}, {self.width}x{self.height}+{self.x}+{self.y})"
+
+
+class Server:
+    """A connection to one X server."""
+
+    def __init__(self, name):
+        self.name = name
+        self.display = display.Display(name)
+        self.root = self.display.screen().root
+
+    def close(self):
+        with contextlib.suppress(error.ConnectionClosedError, OSError):
+            self.display.close()
+
+    # -- windows ------------------------------------------------------------------------------
+
+    def windows(self):
+        """All viewable windows that have a WM_CLASS, bottom to top, at their place on the root."""
+        found = []
+        self._collect(self.root, found)
+        return found
+
+    def find_windows(self, wm_class=None, title=None):
+        """Viewable windows whose class part of WM_CLASS and whose title are as given."""
+        return [
+            window
+            for window in self.windows()
+            if (wm_class is None or wm_class in window.wm_class)
+            and (title is None or window.title == title)
+        ]
+
+    def _collect(self, parent, found):
+        try:
+            children = parent.query_tree().children
+        except error.XError:
+            return
+        for child in children:
+            try:
+                self._look_at(child, found)
+            except error.XError:
+                continue  # gone while we looked
+
+    def _look_at(self, window, found):
+        attributes = window.get_attributes()
+        if attributes.map_state != X.IsViewable or attributes.win_class != X.InputOutput:
+            return
+        wm_class = window.get_wm_class()
+        if wm_class:
+            found.append(self._described(window, attributes, wm_class))
+        # The frames of some window managers have a class too, and the program's window in them.
+        self._collect(window, found)
+
+    def _described(self, window, attributes, wm_class):
+        place = window.translate_coords(self.root, 0, 0)
+        size = window.get_geometry()
+        return Window(window.id, self.title(window), wm_class, -place.x, -place.y, size.width,
+                      size.height, bool(attributes.override_redirect))
+
+    def title(self, window):
+        """The title as the window managers read it."""
+        utf8 = self.atom("UTF8_STRING")
+        answer = window.get_full_property(self.atom("_NET_WM_NAME"), utf8)
+        if answer is not None:
+            return bytes(answer.value).decode("utf-8", "replace")
+        answer = window.get_full_property(Xatom.WM_NAME, X.AnyPropertyType)
+        if answer is None:
+            return ""
+        value = answer.value
+        return value if isinstance(value, str) else bytes(value).decode("latin-1")
+
+    def pid(self, window_id):
+        window = self.display.create_resource_object("window", window_id)
+        answer = window.get_full_property(self.atom("_NET_WM_PID"), Xatom.CARDINAL)
+        return answer.value[0] if answer is not None and len(answer.value) else None
+
+    def atom(self, name):
+        return self.display.intern_atom(name)
+
+    # -- focus --------------------------------------------------------------------------------
+
+    def focus_window(self):
+        """The id of the window with the keyboard focus; 0 and 1 stand for none and the root."""
+        focus = self.display.get_input_focus().focus
+        return focus if isinstance(focus, int) else focus.id
+
+    def has_focus(self, window_id):
+        """Whether the focus is in the window or in one of its children."""
+        current = self.focus_window()
+        while current not in (X.NONE, X.PointerRoot, self.root.id):
+            if current == window_id:
+                return True
+            try:
+                current = self.display.create_resource_object("window", current).query_tree().parent.id
+            except (error.XError, AttributeError):
+                return False
+        return False
+
+    def active_window(self):
+        """What the window manager names as the active window; None while there is none."""
+        answer = self.root.get_full_property(self.atom("_NET_ACTIVE_WINDOW"), Xatom.WINDOW)
+        return answer.value[0] if answer is not None and len(answer.value) else None
+
+    def has_window_manager(self):
+        return self.root.get_full_property(self.atom("_NET_SUPPORTING_WM_CHECK"), Xatom.WINDOW) is not None
+
+    # -- selections ---------------------------------------------------------------------------
+
+    def selection_owner(self, name="CLIPBOARD"):
+        """The id of the owning window; 0 while nobody owns the selection."""
+        owner = self.display.get_selection_owner(self.atom(name))
+        return owner if isinstance(owner, int) else owner.id
+
+    # -- hot keys -----------------------------------------------------------------------------
+
+    def is_grabbed(self, key, *modifiers):
+        """Whether another client holds the chord. Nobody else can slip in between: the probe
+        holds the whole server while it looks."""
+        masks = {"shift": X.ShiftMask, "ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask}
+        mask = 0
+        for modifier in modifiers:
+            mask |= masks[modifier]
+        code = self.keycode(key)
+        refused = error.CatchError(error.BadAccess)
+        self.display.grab_server()
+        try:
+            self.root.grab_key(code, mask, False, X.GrabModeAsync, X.GrabModeAsync, onerror=refused)
+            self.display.sync()
+            taken = refused.get_error() is not None
+            if not taken:
+                self.root.ungrab_key(code, mask)
+        finally:
+            self.display.ungrab_server()
+            self.display.sync()
+        return taken
+
+    # -- typing and clicking ------------------------------------------------------------------
+
+    def keycode(self, name):
+        """The key that bears a keysym name; raises if the layout has none."""
+        code = self.display.keysym_to_keycode(keysym(name))
+        if code == 0:
+            raise LookupError(f"no key for {name}")
+        return code
+
+    def press(self, name):
+        self._fake(X.KeyPress, self.keycode(name))
+
+    def release(self, name):
+        self._fake(X.KeyRelease, self.keycode(name))
+
+    def key(self, chord):
+        """Presses and releases a chord written as in "shift+super+v"."""
+        *modifiers, name = chord.split("+")
+        held = [MODIFIER_KEYS[modifier] for modifier in modifiers]
+        for modifier in held:
+            self.press(modifier)
+        self.press(name)
+        self.release(name)
+        for modifier in reversed(held):
+            self.release(modifier)
+
+    def type_text(self, text):
+        """Types characters of the layout's first two levels."""
+        for character in text:
+            self._type_character(character)
+
+    def _type_character(self, character):
+        sym = XK.XK_Return if character == "\n" else ord(character)
+        code = self.display.keysym_to_keycode(sym)
+        if code == 0:
+            raise LookupError(f"no key for {character!r}")
+        shifted = self.display.keycode_to_keysym(code, 0) != sym
+        if shifted:
+            assert self.display.keycode_to_keysym(code, SHIFT_LEVEL) == sym, character
+            self.press("Shift_L")
+        self._fake(X.KeyPress, code)
+        self._fake(X.KeyRelease, code)
+        if shifted:
+            self.release("Shift_L")
+
+    def move_pointer(self, x, y):
+        xtest.fake_input(self.display, X.MotionNotify, x=x, y=y)
+        self.display.sync()
+
+    def pointer(self):
+        place = self.root.query_pointer()
+        return place.root_x, place.root_y
+
+    def button(self, number=1):
+        self._fake(X.ButtonPress, number)
+        self._fake(X.ButtonRelease, number)
+
+    def keys_down(self):
+        """The codes of all keys that the server holds to be down."""
+        bits = self.display.query_keymap()
+        return [code for code in range(8, 256) if bits[code // 8] & 1 << code % 8]
+
+    def _fake(self, kind, detail):
+        xtest.fake_input(self.display, kind, detail)
+        self.display.sync()
+
+
+def keysym(name):
+    sym = XK.string_to_keysym(name)
+    if sym == 0:
+        raise LookupError(f"no such key: {name}")
+    return sym
