@@ -19,8 +19,9 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(quillery_settings INTERFACE
     -Wduplicated-cond -Wlogical-op -Wuseless-cast
-    # GCC 12 reports impossible null paths inside Qt's and the standard library's inline code.
-    -Wno-null-dereference)
+    # GCC 12 reports impossible null paths inside Qt's and the standard library's inline code,
+    # and values inside std::optional that are read before they are set.
+    -Wno-null-dereference -Wno-maybe-uninitialized)
 endif()
 if(QUILLERY_SANITIZE)
   target_compile_options(quillery_settings INTERFACE

@@ -149,7 +149,8 @@ void Quillery_MacApp::showTrayItem()
 void Quillery_MacApp::updateToolTip()
 {
     const QString shortcut = shortcutText(KeyboardShortcuts::Name::contextHotKey());
-    m_desktop.tray->setToolTip(shortcut.isEmpty() ? tr("Quillery") : tr("Quillery") + u' ' + shortcut);
+    m_desktop.tray->setToolTip(shortcut.isEmpty() ? tr("Quillery")
+                                                  : tr("Quillery") + u' ' + shortcut);
 }
 
 void Quillery_MacApp::openPastePanel()
@@ -220,11 +221,7 @@ QWidget *Quillery_MacApp::buildMenu(bool contextMenu, PanelWindow &host)
         .pasteboard = *m_desktop.pasteboard,
         .windows = host.menuWindows(),
         .desktop = *m_desktop.desktop,
-        .matches =
-            [this](const Snippet &snippet, const QString &searchText) {
-                m_matcher.setSearchText(searchText);
-                return m_matcher.matches(snippet);
-            },
+        .matcher = m_matcher,
         .addShortcutHint = [] { return shortcutText(KeyboardShortcuts::Name::addHotKey()); },
         .searchMayBegin = [this] { m_matcher.prepare(*persistenceController.container); },
     };

@@ -25,6 +25,7 @@ void describeApplication()
 int main(int /*argc*/, char **argv)
 {
     platform::installLog();
+    platform::TerminationSignals::block();
     // There are no command-line options, not even the toolkit's.
     int argumentCount = 1;
     const QApplication application(argumentCount, argv);

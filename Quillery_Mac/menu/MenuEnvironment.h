@@ -8,7 +8,7 @@
 
 class Funcs;
 class ManagedObjectContext;
-class Snippet;
+class SnippetMatcher;
 
 namespace platform {
 class Defaults;
@@ -26,10 +26,9 @@ struct MenuEnvironment
     platform::Pasteboard &pasteboard;
     platform::MenuWindows &windows; ///< the group that this menu is shown in
     platform::Desktop &desktop;
+    /// Shared by all menus, so that the folded texts are made only once.
+    SnippetMatcher &matcher;
 
-    /// Whether a snippet's title, or else its content, contains a search text; the searched texts
-    /// are kept prepared by whoever owns this, for longer than a menu lives.
-    std::function<bool(const Snippet &snippet, const QString &searchText)> matches;
     /// The shortcut that adds a selection, as the menu-bar window shows it; empty for none.
     std::function<QString()> addShortcutHint = [] { return QString(); };
     /// A search field comes up: the searched texts may be prepared in the background.

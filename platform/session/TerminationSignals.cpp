@@ -20,13 +20,18 @@ sigset_t watchedSignals()
 
 } // namespace
 
+void TerminationSignals::block()
+{
+    const sigset_t set = watchedSignals();
+    pthread_sigmask(SIG_BLOCK, &set, nullptr);
+}
+
 TerminationSignals::TerminationSignals(QObject *parent)
     : QObject(parent)
     , m_notifier(QSocketNotifier::Read)
 {
+    block();
     const sigset_t set = watchedSignals();
-    // Threads that start later inherit the mask, so the descriptor sees every signal.
-    pthread_sigmask(SIG_BLOCK, &set, nullptr);
     m_descriptor = signalfd(-1, &set, SFD_CLOEXEC | SFD_NONBLOCK);
     if (m_descriptor < 0)
         return;

@@ -14,6 +14,11 @@ class TerminationSignals : public QObject
     Q_OBJECT
 
 public:
+    /// Keeps the signals from ending the process until an object reads them. Called first thing in
+    /// main(): threads inherit this, and a thread that does not, such as one of the toolkit's,
+    /// would end the process.
+    static void block();
+
     explicit TerminationSignals(QObject *parent = nullptr);
     ~TerminationSignals() override;
 
