@@ -52,8 +52,9 @@ public:
     /// in which selecting is copying. Does nothing where there is no primary selection.
     virtual void adoptPrimary() {}
 
-    /// Called once, on quitting: gives our text to the session's clipboard manager if one runs, so
-    /// that it outlives us. Waits at most half a second.
+    /// Called once, on quitting: gives our text, and what was copied in our own text fields, to the
+    /// session's clipboard manager if one runs, so that it outlives us. Waits at most half a
+    /// second.
     virtual void handOver() = 0;
 
 signals:

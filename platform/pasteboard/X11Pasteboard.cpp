@@ -3,7 +3,9 @@
 
 #include "platform/log/Log.h"
 
+#include <QClipboard>
 #include <QDeadlineTimer>
+#include <QGuiApplication>
 
 #include <utility>
 
@@ -97,7 +99,8 @@ void X11Pasteboard::offerAsPrimary()
 
 void X11Pasteboard::handOver()
 {
-    if (!m_clipboard.isOurs() || !m_string)
+    takeOverFromToolkit();
+    if (!m_clipboard.isOurs() || !m_clipboard.offer().text)
         return;
     const QDeadlineTimer deadline(kHandOverTime);
     // The answer also brings whatever happened before it: another program's copy for example.
@@ -112,6 +115,23 @@ void X11Pasteboard::handOver()
     askManagerToSave();
     if (!m_connection->pumpUntil([this] { return m_isHandedOver; }, deadline))
         qCInfo(logPasteboard, "the clipboard manager did not take our text in time");
+}
+
+// On its own way out the toolkit waits up to five seconds for the manager if it owns a selection,
+// and for ever so long if the manager is us. It is relieved of both.
+void X11Pasteboard::takeOverFromToolkit()
+{
+    if (X11Connection::toolkit() == nullptr)
+        return;
+    QClipboard *toolkits = QGuiApplication::clipboard();
+    if (toolkits->ownsSelection())
+        toolkits->clear(QClipboard::Selection);
+    if (!toolkits->ownsClipboard())
+        return;
+    const QString text = toolkits->text(); // its own, so nobody is asked
+    toolkits->clear(QClipboard::Clipboard);
+    if (!text.isEmpty())
+        m_clipboard.take(text.toUtf8());
 }
 
 void X11Pasteboard::askManagerToSave()

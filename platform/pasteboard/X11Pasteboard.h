@@ -68,6 +68,7 @@ private:
     void clipboardLost(const xcb_xfixes_selection_notify_event_t &event);
     void primaryOwnerChanged(const xcb_xfixes_selection_notify_event_t &event);
     void keepForVanishedOwner();
+    void takeOverFromToolkit();
     void askManagerToSave();
 
     void settle(const std::optional<QByteArray> &text);
