@@ -31,7 +31,8 @@ class Accessibility:
 
     def __init__(self, processes, env):
         self._process = processes.start(
-            [sys.executable, SERVER], env, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True
+            [sys.executable, SERVER], env, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
+            stderr=None,
         )
 
     def controls(self, application, name=None, role=None, showing=True):

@@ -32,12 +32,14 @@ def program_path():
 class Quillery:
     """One user of the program: folders of its own, which outlive a restart of the program."""
 
-    def __init__(self, desktop, first_load=False, environment=None, **settings):
+    def __init__(self, desktop, first_load=False, environment=None, program=None, **settings):
         """settings: keys of the settings file, for example historySize=9."""
         self.desktop = desktop
         self.folder = desktop.folder / f"user-{next(_numbers)}"
         self.data_folder = self.folder / "data/Quillery"
-        self.settings_file = self.folder / "config/Quillery/Quillery.conf"
+        self.config_folder = self.folder / "config"
+        self.settings_file = self.config_folder / "Quillery/Quillery.conf"
+        self.program = program or program_path()
         self._environment = environment or {}
         self.process = None
         self.data_folder.mkdir(parents=True, mode=0o700)
@@ -60,13 +62,13 @@ class Quillery:
         return dict(
             self._environment,
             XDG_DATA_HOME=str(self.data_folder.parent),
-            XDG_CONFIG_HOME=str(self.settings_file.parent.parent),
+            XDG_CONFIG_HOME=str(self.config_folder),
         )
 
     def start(self, ready=True):
         """Starts the program; returns when its name is on the bus and its hot keys are live."""
         self._errors = open(self.folder / "stderr", "ab")
-        self.process = self.desktop.start([program_path()], extra_env=self.environment(),
+        self.process = self.desktop.start([self.program], extra_env=self.environment(),
                                           stderr=self._errors, stdout=self._errors)
         if ready:
             wait_until(self._is_ready_or_ended, START_BOUND, lambda: f"ready; {self.errors()}")
@@ -74,7 +76,7 @@ class Quillery:
 
     def start_second(self):
         """Starts the program again, while it runs. Returns the exit code of the second one."""
-        second = self.desktop.start([program_path()], extra_env=self.environment())
+        second = self.desktop.start([self.program], extra_env=self.environment())
         code = second.wait(START_BOUND)
         self.desktop.processes.end(second)
         return code
@@ -197,7 +199,8 @@ class Quillery:
 
     def menus(self):
         """The menu and its popover, as far as they are shown."""
-        return [window for window in self.windows() if window.override_redirect]
+        return [window for window in self.windows()
+                if window.override_redirect and window.is_top_level]
 
     def summon(self):
         """Presses the shortcut and waits until the menu has the keyboard."""

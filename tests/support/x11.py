@@ -19,12 +19,13 @@ MODIFIER_KEYS = {
 class Window:
     """What can be seen of a window from outside."""
 
-    def __init__(self, id, title, wm_class, x, y, width, height, override_redirect):
+    def __init__(self, id, title, wm_class, x, y, width, height, override_redirect, is_top_level):
         self.id = id
         self.title = title
         self.wm_class = wm_class
         self.x, self.y, self.width, self.height = x, y, width, height
         self.override_redirect = override_redirect
+        self.is_top_level = is_top_level  # stands on the root, in no frame and in no tray
 
     @property
     def centre(self):
@@ -70,25 +71,25 @@ class Server:
             return
         for child in children:
             try:
-                self._look_at(child, found)
+                self._look_at(child, parent, found)
             except error.XError:
                 continue  # gone while we looked
 
-    def _look_at(self, window, found):
+    def _look_at(self, window, parent, found):
         attributes = window.get_attributes()
         if attributes.map_state != X.IsViewable or attributes.win_class != X.InputOutput:
             return
         wm_class = window.get_wm_class()
         if wm_class:
-            found.append(self._described(window, attributes, wm_class))
+            found.append(self._described(window, parent, attributes, wm_class))
         # The frames of some window managers have a class too, and the program's window in them.
         self._collect(window, found)
 
-    def _described(self, window, attributes, wm_class):
+    def _described(self, window, parent, attributes, wm_class):
         place = window.translate_coords(self.root, 0, 0)
         size = window.get_geometry()
         return Window(window.id, self.title(window), wm_class, -place.x, -place.y, size.width,
-                      size.height, bool(attributes.override_redirect))
+                      size.height, bool(attributes.override_redirect), parent == self.root)
 
     def title(self, window):
         """The title as the window managers read it."""
