@@ -144,7 +144,7 @@ TextPreview ManagedObjectContext::preview(const ManagedObject &object) const
     if (!file)
         return {};
     try {
-        const TextPreview preview = readPreview(*file, entity, object.objectId());
+        TextPreview preview = readPreview(*file, entity, object.objectId());
         contents.setPreview(object.objectId(), preview);
         return preview;
     } catch (const SQLite::Exception &error) {

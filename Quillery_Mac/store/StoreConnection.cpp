@@ -95,7 +95,7 @@ platform::Error StoreConnection::failed(const SQLite::Exception &error, const QS
     const QString text = QStringLiteral("%1 %2: %3 (code %4)")
                              .arg(what, m_file, QString::fromUtf8(error.what()))
                              .arg(error.getExtendedErrorCode());
-    const platform::Error result{platform::Error::Kind::Io, text};
+    platform::Error result{platform::Error::Kind::Io, text};
     const int code = error.getErrorCode();
     if ((code == SQLITE_CORRUPT || code == SQLITE_NOTADB) && !m_health.isDamaged.exchange(true))
         printStoreError(result);

@@ -8,9 +8,10 @@
 
 namespace {
 
-// A long run sets this to another number of kills.
-constexpr const char *kKillsVariable = "QUILLERY_TEST_KILLS";
+// How many kills; the long run of the tests sets the variable.
+constexpr const char *kLongVariable = "QUILLERY_LONG";
 constexpr int kKills = 10;
+constexpr int kLongKills = 200;
 // The recorder keeps 100 of each kind; the last one of a run may be saved but not reported.
 constexpr qsizetype kSurelyKept = 98;
 
@@ -56,9 +57,7 @@ protected:
 
 TEST_F(StoreKillTest, whatWasReportedAsSavedSurvivesAKillAtAnyMoment)
 {
-    const int kills = qEnvironmentVariableIsSet(kKillsVariable)
-                          ? qEnvironmentVariableIntValue(kKillsVariable)
-                          : kKills;
+    const int kills = qEnvironmentVariableIsSet(kLongVariable) ? kLongKills : kKills;
     std::mt19937 random(std::random_device{}());
     close();
     qsizetype reported = 0;
