@@ -12,9 +12,9 @@ namespace {
 
 /// Longest text that is taken (bytes). Only a broken owner sends more; without a limit it could
 /// fill the memory.
-constexpr qsizetype kMaxTextBytes = 512 * 1024 * 1024;
+constexpr qsizetype kMaxTextBytes = qsizetype{512} * 1024 * 1024;
 /// Longest list of targets, and longest hint, that is looked at (bytes).
-constexpr qsizetype kMaxAnswerBytes = 64 * 1024;
+constexpr qsizetype kMaxAnswerBytes = qsizetype{64} * 1024;
 
 std::vector<xcb_atom_t> atomsIn(const QByteArray &bytes)
 {

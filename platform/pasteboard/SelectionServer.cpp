@@ -13,7 +13,7 @@ namespace {
 
 /// Texts up to this size (bytes) go out whole, longer ones in increments of it. At most a
 /// millisecond of writing each; a larger size gained nothing measurable for 50 MB.
-constexpr qsizetype kIncrementBytes = 256 * 1024;
+constexpr qsizetype kIncrementBytes = qsizetype{256} * 1024;
 
 /// Longest list of pairs in a MULTIPLE request (pairs).
 constexpr quint32 kMaxPairs = 512;

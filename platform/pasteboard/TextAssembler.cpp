@@ -15,8 +15,8 @@ namespace {
 /// A text that grows beyond the first size gets room for the second at once (bytes). Memory of that
 /// size comes from the kernel page by page as it is filled, and grows without being copied; smaller
 /// blocks are copied as they grow, which took up to 80 ms at once for 50 MB.
-constexpr qsizetype kLongText = 1024 * 1024;
-constexpr qsizetype kRoomForLongText = 64 * 1024 * 1024;
+constexpr qsizetype kLongText = qsizetype{1024} * 1024;
+constexpr qsizetype kRoomForLongText = qsizetype{64} * 1024 * 1024;
 
 constexpr char kReplacement[] = "\xEF\xBF\xBD"; // U+FFFD
 

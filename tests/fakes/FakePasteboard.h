@@ -30,6 +30,7 @@ public:
             return false;
         writes.push_back(Write::StringSet);
         text = utf8;
+        emit changed();
         return true;
     }
 
