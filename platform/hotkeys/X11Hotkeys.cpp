@@ -198,12 +198,12 @@ void X11Hotkeys::handle(const xcb_generic_event_t &event)
 
 // The order of the two requests closes the gap between them: a release before the first one still
 // finds the grab active and comes as a key event, one after it comes as a raw event. One in between
-// comes as both and counts once.
+// comes as both and counts once. The answer is awaited because a handler may take the keyboard on
+// another connection, whose requests the server may carry out before ours.
 void X11Hotkeys::handlePress(const xcb_key_press_event_t &press)
 {
     m_release->start();
-    xcb_ungrab_keyboard(m_connection->xcb(), XCB_CURRENT_TIME);
-    xcb_flush(m_connection->xcb());
+    m_connection->check(xcb_ungrab_keyboard_checked(m_connection->xcb(), XCB_CURRENT_TIME));
 
     const std::optional<HotkeyRef> hotkey = findPressed(press);
     // Auto-repeat wakes the passive grab again and again while the key is down.
