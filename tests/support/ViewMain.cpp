@@ -7,10 +7,13 @@
 
 int main(int argc, char **argv)
 {
+    ::testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    ::testing::InitGoogleTest(&argc, argv);
+    // Only asked which tests there are: that needs no display.
+    if (::testing::GTEST_FLAG(list_tests))
+        return RUN_ALL_TESTS();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillery-tests"));
     QApplication::setQuitOnLastWindowClosed(false);
-    ::testing::GTEST_FLAG(death_test_style) = "threadsafe";
-    ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
