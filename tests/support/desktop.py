@@ -54,6 +54,7 @@ class Desktop:
         self._bus_connection = None
         self._clipboard_owner = None
         self._servers = []
+        self._own_processes = []
 
     def __enter__(self):
         try:
@@ -133,6 +134,7 @@ class Desktop:
             self._start_window_manager()
         if self._tray is not None:
             self._start_tray()
+        self._own_processes = list(self.processes)
 
     def connect(self, name=None):
         """One more connection to the desktop's server, closed with the desktop."""
@@ -200,6 +202,16 @@ class Desktop:
             "systray_icon_size = 24\nsystray_monitor = 1\nstrut_policy = follow_size\n"
         )
         return path
+
+    def is_clean(self):
+        """Ends what a test left on the desktop. False if it cannot be used again."""
+        if self._clipboard_owner is not None:
+            self.forget_clipboard_owner()
+        if self.server.keys_down():
+            return False
+        return all(process.poll() is None for process in self._own_processes) and not [
+            process for process in self.processes if process not in self._own_processes
+        ]
 
     # -- the session bus ----------------------------------------------------------------------
 

@@ -43,8 +43,8 @@ class Processes:
         self.mark = str(uuid.uuid4())
         self._running = []
 
-    def __contains__(self, process):
-        return process in self._running
+    def __iter__(self):
+        return iter(self._running)
 
     def start(self, arguments, env, **options):
         """Starts a program in a process group of its own; the caller gets the Popen object."""

@@ -1,0 +1,180 @@
+# SPDX-License-Identifier: MIT
+"""What is picked arrives, byte by byte, in the program that was in use."""
+
+import pytest
+
+from conftest import IS_LONG, WINDOW_MANAGERS
+from menus import (
+    open_by_bus,
+    open_by_second_start,
+    open_by_tray_click,
+    open_panel,
+    pick_by_keyboard,
+    pick_by_mouse,
+)
+from support.desktop import START_BOUND
+from support.quillery import SUMMON
+from support.samples import SIZES, mixed_text
+from support.targets import TARGETS
+from support.waiting import stays, wait_until
+
+PICKS = {"keyboard": pick_by_keyboard, "mouse": pick_by_mouse}
+OPENINGS = {"panel": open_panel, "tray": open_by_tray_click, "second-start": open_by_second_start}
+PASTES_IN_A_ROW = 300 if IS_LONG else 12
+
+
+def texts():
+    """The samples by the first line, which is what a row shows of them."""
+    return {f"sample {label}": mixed_text(size) for label, size in SIZES.items()}
+
+
+def as_snippets():
+    return list(texts().items())
+
+
+def paste_all(user, target, opening, pick):
+    """Picks each sample once; each has to arrive as it is."""
+    for title, text in texts().items():
+        target.focus()
+        OPENINGS[opening](user)
+        PICKS[pick](user, "Snippets", title)
+        target.wait_for_text(text)
+        wait_until(target.has_focus, START_BOUND, "the target has the keyboard again")
+        user.wait_gone()
+        target.clear()
+
+
+@pytest.mark.parametrize("name", TARGETS)
+def test_a_snippet_picked_by_keyboard_in_the_panel_arrives(each_desktop, new_user, name):
+    with new_user(each_desktop, snippets=as_snippets()) as user, TARGETS[name](each_desktop) as target:
+        paste_all(user, target, "panel", "keyboard")
+
+
+# Every combination in the long run; in the short one each target by each of the other ways.
+MANAGERS = WINDOW_MANAGERS if IS_LONG else WINDOW_MANAGERS[:1]
+
+
+@pytest.mark.parametrize("name", TARGETS)
+@pytest.mark.parametrize("manager", MANAGERS)
+def test_a_snippet_picked_by_mouse_in_the_panel_arrives(desktops, new_user, name, manager):
+    desktop = desktops.get(window_manager=manager, accessibility=True)
+    with new_user(desktop, snippets=as_snippets()) as user, TARGETS[name](desktop) as target:
+        paste_all(user, target, "panel", "mouse")
+
+
+@pytest.mark.parametrize("name", TARGETS)
+@pytest.mark.parametrize("pick", PICKS)
+@pytest.mark.parametrize("opening", ["tray", "second-start"])
+def test_a_snippet_picked_in_the_menu_bar_window_arrives(tray_desktop, new_user, name, pick, opening):
+    with new_user(tray_desktop, snippets=as_snippets()) as user, TARGETS[name](tray_desktop) as target:
+        paste_all(user, target, opening, pick)
+
+
+@pytest.mark.parametrize("pick", PICKS)
+def test_a_clip_picked_in_the_history_arrives_and_moves_to_the_top(each_desktop, new_user, pick):
+    with new_user(each_desktop, clips=["newest", "middle ü", "oldest"]) as user:
+        with TARGETS["gtk"](each_desktop) as target:
+            user.summon()
+            PICKS[pick](user, "History", "middle ü")
+
+            target.wait_for_text("middle ü".encode())
+            wait_until(lambda: user.contents() == ["middle ü".encode(), b"newest", b"oldest"],
+                       START_BOUND, lambda: str(user.clips()))
+            assert user.positions() == [1, 2, 3]
+
+
+def test_the_shortcut_keys_may_still_be_held_while_the_text_is_picked(each_desktop, new_user):
+    with new_user(each_desktop, clips=["held"]) as user, TARGETS["gtk"](each_desktop) as target:
+        hands = each_desktop.hands
+        for key in ("Shift_L", "Super_L", "v"):
+            hands.press(key)
+        wait_until(user.has_keyboard, START_BOUND, "menu is up")
+        hands.release("v")
+        user.open_popover("Down")
+        for key in ("Right", "Return"):
+            each_desktop.key(key)
+
+        target.wait_for_text(b"held")
+        for key in ("Super_L", "Shift_L"):
+            hands.release(key)
+        assert each_desktop.server.keys_down() == []
+        each_desktop.type_text("after")
+        target.wait_for_text(b"heldafter")
+
+
+def test_shift_that_is_still_held_is_held_again_after_the_paste(each_desktop, new_user):
+    with new_user(each_desktop, clips=["x"]) as user, TARGETS["gtk"](each_desktop) as target:
+        user.summon()
+        user.open_popover("Down")
+        each_desktop.key("Right")
+        each_desktop.hands.press("Shift_L")
+        each_desktop.key("Return")
+
+        target.wait_for_text(b"x")
+        each_desktop.key("a")
+        each_desktop.hands.release("Shift_L")
+        each_desktop.key("a")
+        target.wait_for_text(b"xAa")
+
+
+def test_the_shortcut_and_the_paste_work_after_a_change_of_the_layout(desktop, new_user):
+    with new_user(desktop, clips=["layout"]) as user, TARGETS["gtk"](desktop) as target:
+        desktop.run(["setxkbmap", "fr"])
+        try:
+            user.summon()
+            user.open_popover("Down")
+            for key in ("Right", "Return"):
+                desktop.key(key)
+            target.wait_for_text(b"layout")
+        finally:
+            desktop.run(["setxkbmap", "us"])
+
+
+def test_pastes_in_a_row_all_arrive(each_desktop, new_user):
+    with new_user(each_desktop, snippets=[("Dot", ".")]) as user, TARGETS["gtk"](each_desktop) as target:
+        for number in range(1, PASTES_IN_A_ROW + 1):
+            each_desktop.key(SUMMON)
+            wait_until(user.has_keyboard, START_BOUND, "menu is up")
+            # As fast as fingers may be: nothing is waited for between these keys.
+            each_desktop.type_text("d")
+            each_desktop.key("Return")
+            target.wait_for_text(b"." * number)
+            user.wait_gone()
+
+
+def test_a_fifty_megabyte_text_is_recorded_and_pasted(desktop, new_user):
+    text = mixed_text(50 << 20)
+    with new_user(desktop) as user, TARGETS["xterm"](desktop) as target:
+        desktop.copy(text)
+        wait_until(lambda: user.positions() == [1], START_BOUND, "the copy is recorded")
+        assert user.contents() == [text]
+        user.summon()
+        user.open_popover("Down")
+        for key in ("Right", "Return"):
+            desktop.key(key)
+
+        wait_until(lambda: target.path.stat().st_size == len(text), 4 * START_BOUND, "the whole text")
+        assert target.text() == text
+
+
+def test_nothing_is_typed_when_the_target_has_gone(desktop, new_user):
+    with new_user(desktop, clips=["kept"]) as user:
+        target = TARGETS["gtk"](desktop)
+        target.start()
+        user.summon()
+        user.open_popover("Down")
+        desktop.key("Right")
+        target.stop()
+        desktop.key("Return")
+
+        wait_until(lambda: desktop.server.selection_owner() != 0, START_BOUND, "the text is on the clipboard")
+        assert desktop.clipboard() == b"kept"
+        stays(user.is_running, 1.5, "the program carries on")
+
+
+def test_a_menu_that_a_launcher_opened_pastes_too(desktop, new_user):
+    with new_user(desktop, clips=["launched"]) as user, TARGETS["gtk"](desktop) as target:
+        open_by_bus(user)
+        pick_by_keyboard(user, "History", "launched")
+
+        target.wait_for_text(b"launched")
