@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Quillery_Mac/store/ContentCache.h"
 #include "Quillery_Mac/store/LiveFetch.h"
 #include "tests/logic/StoreTestSupport.h"
 
@@ -300,4 +301,63 @@ TEST_F(ManagedObjectContextTest, aLiveFetchIsSilentAboutOtherEntities)
     QCoreApplication::processEvents();
 
     EXPECT_EQ(spy.count(), 0);
+}
+
+TEST_F(ManagedObjectContextTest, aTextOf50MegabytesSurvivesByteByByte)
+{
+    QByteArray text(50 << 20, Qt::Uninitialized);
+    for (qsizetype at = 0; at < text.size(); ++at)
+        text[at] = static_cast<char>(at * 31 + at / 7919);
+    const QUuid id = QUuid::createUuid();
+    auto *clip = view().insert<Clip>();
+    clip->setContent(text);
+    clip->setId(id);
+    clip->setPosition(1);
+    ASSERT_TRUE(view().save());
+    clip->setPosition(2);
+    ASSERT_TRUE(view().save());
+
+    open();
+
+    const Clip *read = view().fetch<Clip>().at(0);
+    EXPECT_TRUE(read->content() == text);
+    EXPECT_EQ(read->id(), id);
+    EXPECT_EQ(read->position(), 2);
+}
+
+TEST(ContentCache, theTextsUsedLastAreKeptWithinItsBounds)
+{
+    ContentCache cache;
+    constexpr int kTexts = 20000;
+    for (int text = 0; text < kTexts; ++text)
+        cache.setContent(text, QByteArray(1000, 'x'));
+    int kept = 0;
+    for (int text = 0; text < kTexts; ++text)
+        kept += cache.content(text) ? 1 : 0;
+
+    EXPECT_TRUE(cache.content(kTexts - 1));
+    EXPECT_FALSE(cache.content(0));
+    EXPECT_GT(kept, 1000);
+    EXPECT_LT(kept, 5000);
+}
+
+TEST(ContentCache, aTextThatWouldPushOutAllOthersIsNotKept)
+{
+    ContentCache cache;
+    cache.setContent(1, "short");
+    cache.setContent(2, QByteArray(3 << 20, 'x'));
+
+    EXPECT_TRUE(cache.content(1));
+    EXPECT_FALSE(cache.content(2));
+}
+
+TEST(ContentCache, aRemovedTextIsGoneWithItsPreview)
+{
+    ContentCache cache;
+    cache.setContent(1, "text");
+    cache.setPreview(1, makeTextPreview("text", 4));
+    cache.remove(1);
+
+    EXPECT_FALSE(cache.content(1));
+    EXPECT_FALSE(cache.preview(1));
 }

@@ -328,3 +328,25 @@ TEST_F(StoreFaultsTest, aReadOnlyFolderIsPrintedAndTheProgramCarriesOn)
     open();
     EXPECT_EQ(view().count<Snippet>(), 1);
 }
+
+TEST_F(StoreFaultsTest, aReadOnlyFileShowsItsObjectsAndFailsTheSave)
+{
+    OrdinaryUser::give(folder.path());
+    for (const QString &path : {folderPath(), clipsFile(), snippetsFile()})
+        OrdinaryUser::give(path);
+    ASSERT_EQ(::chmod(QFile::encodeName(snippetsFile()).constData(), 0400), 0);
+    const QByteArray before = bytes(snippetsFile());
+
+    const OrdinaryUser user;
+    open();
+    const auto snippets = view().fetch<Snippet>();
+    ASSERT_EQ(snippets.size(), 1U);
+    snippets[0]->setTitle(QStringLiteral("changed"));
+    view().insert<Clip>()->setContent("saved");
+    EXPECT_FALSE(view().save());
+    EXPECT_TRUE(snippets[0]->hasChanges());
+    close();
+
+    EXPECT_EQ(bytes(snippetsFile()), before);
+    EXPECT_EQ(answer(clipsFile(), "SELECT count(*) FROM Clip"), "2");
+}
