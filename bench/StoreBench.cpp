@@ -2,6 +2,7 @@
 // What the store costs at its limits: a full library of 32,767 snippets of 1 KB, a full history,
 // and a text of 50 MB. Times of single steps are given as percentiles, in milliseconds.
 #include "Quillery_Mac/store/Clip.h"
+#include "Quillery_Mac/store/LiveFetch.h"
 #include "Quillery_Mac/store/PersistenceController.h"
 #include "Quillery_Mac/store/Snippet.h"
 #include "Quillery_Mac/store/SnippetMatcher.h"
@@ -177,6 +178,38 @@ void openFullLibrary(benchmark::State &state)
     state.counters["MB_kept_by_reading_all_texts"] = residentMegabytes() - before;
 }
 BENCHMARK(openFullLibrary)->Unit(benchmark::kMillisecond)->Iterations(10);
+
+// One change of a full library until a live list has it.
+void changeOneOfMany(benchmark::State &state)
+{
+    const Stores &stores = fullLibrary();
+    LiveFetch<Snippet> items(stores.view());
+    Snippet *snippet = items.results().at(kFullLibrary / 2);
+    for (auto step : state) {
+        snippet->setExpanded(!snippet->expanded());
+        benchmark::DoNotOptimize(items.results());
+    }
+    static_cast<void>(stores.view().save());
+}
+BENCHMARK(changeOneOfMany)->Unit(benchmark::kMillisecond)->Iterations(50);
+
+// All numbers of a full library move by one: the save that an insertion in front of it needs.
+void renumberAll(benchmark::State &state)
+{
+    const Stores &stores = fullLibrary();
+    const auto snippets = stores.view().fetch<Snippet>();
+    std::vector<double> save;
+    for (auto step : state) {
+        for (Snippet *snippet : snippets)
+            snippet->setOrder(static_cast<qint16>(kFullLibrary - 1 - snippet->order()));
+        QElapsedTimer timer;
+        timer.start();
+        static_cast<void>(stores.view().save());
+        save.push_back(milliseconds(timer));
+    }
+    report(state, "save", save);
+}
+BENCHMARK(renumberAll)->Unit(benchmark::kMillisecond)->Iterations(6);
 
 // One keystroke: the text is folded, and every snippet asked whether it matches.
 void searchKeystroke(benchmark::State &state)

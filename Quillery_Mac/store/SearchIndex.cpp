@@ -36,6 +36,12 @@ void SearchIndex::insert(qint64 objectId, quint64 revision, QByteArray folded)
     m_entries.insert_or_assign(objectId, std::move(entry));
 }
 
+void SearchIndex::keepOnly(const std::unordered_set<qint64> &objectIds)
+{
+    std::erase_if(m_entries,
+                  [&objectIds](const auto &entry) { return !objectIds.contains(entry.first); });
+}
+
 std::optional<bool> SearchIndex::matches(qint64 objectId, quint64 revision)
 {
     const auto found = m_entries.find(objectId);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <optional>
 #include <unordered_map>
+#include <unordered_set>
 
 /// The folded texts of objects, and which of them contain the text searched for. Remembers of every
 /// object how much of the search text it is known to contain, so that a search text that goes on
@@ -21,6 +22,8 @@ public:
     bool contains(qint64 objectId, quint64 revision) const;
     /// Keeps the object's folded texts, in place of those of another revision.
     void insert(qint64 objectId, quint64 revision, QByteArray folded);
+    /// Drops the texts of all objects but these.
+    void keepOnly(const std::unordered_set<qint64> &objectIds);
     void clear() { m_entries.clear(); }
 
     /// Whether the object contains the text searched for; none when its texts of this revision are

@@ -25,11 +25,14 @@ void SnippetMatcher::prepare(PersistentContainer &container)
     if (m_prepared)
         return;
     std::unordered_map<qint64, quint64> missing;
+    std::unordered_set<qint64> present;
     for (const Snippet *snippet : container.viewContext().fetch<Snippet>()) {
+        present.insert(snippet->objectId());
         if (!snippet->hasChanges() &&
             !m_index->contains(snippet->objectId(), snippet->textRevision()))
             missing.emplace(snippet->objectId(), snippet->textRevision());
     }
+    m_index->keepOnly(present);
     if (missing.empty())
         return;
     m_prepared = std::make_shared<PreparedTexts>(m_locale, std::move(missing));

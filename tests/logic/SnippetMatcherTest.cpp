@@ -2,6 +2,7 @@
 #include "Quillery_Mac/store/SnippetMatcher.h"
 
 #include "Quillery_Mac/store/ByteSearch.h"
+#include "Quillery_Mac/store/SearchIndex.h"
 #include "tests/logic/StoreTestSupport.h"
 
 namespace {
@@ -140,6 +141,20 @@ TEST_F(SnippetMatcherTest, releasedTextsAreMadeAgain)
     matcher.release();
 
     EXPECT_EQ(found(QStringLiteral("one")), Titles{a});
+}
+
+TEST(SearchIndex, onlyTheTextsOfPresentObjectsAreKept)
+{
+    SearchIndex index;
+    index.setText("x");
+    index.insert(1, 0, "x");
+    index.insert(2, 0, "x");
+
+    index.keepOnly({2});
+
+    EXPECT_EQ(index.matches(1, 0), std::nullopt);
+    EXPECT_EQ(index.matches(2, 0), true);
+    EXPECT_EQ(index.matches(2, 1), std::nullopt);
 }
 
 TEST(ByteSearch, everyPlaceOfALongTextIsFoundAndNoOther)
