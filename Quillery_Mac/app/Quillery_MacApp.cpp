@@ -58,6 +58,7 @@ Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &d
     , firstLoad(defaults, SettingsKeys::kFirstLoad)
     , m_desktop(desktop)
     , m_defaults(defaults)
+    , m_fieldPasting(*desktop.pasteboard)
     , m_pasteAction(*desktop.keyEventPoster, pasteNow)
     , m_scenes(makeScenes(emptyScenes()), [this](QWidget &ourWindow) { activate(ourWindow); })
 {

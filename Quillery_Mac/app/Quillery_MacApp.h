@@ -8,6 +8,7 @@
 #include "Quillery_Mac/app/SettingsKeys.h"
 #include "Quillery_Mac/store/PersistenceController.h"
 #include "Quillery_Mac/store/SnippetMatcher.h"
+#include "Quillery_Mac/ui/FieldPasting.h"
 #include "Quillery_Mac/ui/WindowNotifications.h"
 #include "platform/defaults/DefaultsCell.h"
 
@@ -99,6 +100,7 @@ private:
     DesktopServices &m_desktop;
     platform::Defaults &m_defaults;
     WindowNotifications m_notifications;
+    FieldPasting m_fieldPasting;
     PasteAction m_pasteAction;
     SceneTable m_scenes;
     SnippetMatcher m_matcher;

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include <limits>
 
 #include <csignal>
@@ -153,6 +155,12 @@ struct LimitRow
     int limit;
     int left;
 };
+
+/// Names the row in the list of tests.
+void PrintTo(const LimitRow &row, std::ostream *out)
+{
+    *out << row.historySize << " selects " << row.limit;
+}
 
 class ClipRecorderLimit : public ClipRecorderTest, public ::testing::WithParamInterface<LimitRow>
 {
