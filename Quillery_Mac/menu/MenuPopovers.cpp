@@ -65,7 +65,7 @@ void MenuView::openSnippets()
 {
     m_environment.searchMayBegin();
     m_snippets = new SnippetMenuView({viewContext, funcs, doPaste, controls,
-                                      m_environment.pasteboard, m_motion, m_environment.matches},
+                                      m_environment.pasteboard, m_motion, m_environment.matcher},
                                      passedSearch.value());
     openBeside(optionWords::kSnippets, m_snippets);
     // The field has the focus of the desktop, so that input methods and dead keys work in it.

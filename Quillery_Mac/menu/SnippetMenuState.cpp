@@ -2,6 +2,7 @@
 #include "Quillery_Mac/menu/SnippetMenuState.h"
 
 #include "Quillery_Mac/store/Snippet.h"
+#include "Quillery_Mac/store/SnippetMatcher.h"
 #include "Quillery_Mac/ui/ListMoves.h"
 #include "Quillery_Mac/ui/PlainText.h"
 
@@ -10,11 +11,11 @@
 #include <algorithm>
 
 SnippetMenuState::SnippetMenuState(QProperty<bool> &doPasteCell, QProperty<Controls> &controlsCell,
-                                   platform::Pasteboard &pasteboard, Matches matches)
+                                   platform::Pasteboard &pasteboard, SnippetMatcher &matcher)
     : doPaste(doPasteCell)
     , controls(controlsCell)
     , m_pasteboard(pasteboard)
-    , m_matches(std::move(matches))
+    , m_matcher(matcher)
     , m_searchObserver(searchText.addNotifier([this] { searchTextChanged(); }))
     , m_controlsObserver(controls.addNotifier([this] { controlsChanged(); }))
     , m_openObserver(openItems.addNotifier([this] { openItemsChanged(); }))
@@ -123,10 +124,9 @@ void SnippetMenuState::openItemsChanged()
 
 void SnippetMenuState::rebuild()
 {
-    const QString text = searchText.value();
-    m_tree = snippetTree(m_items, !text.isEmpty(), [this, &text](const Snippet &snippet) {
-        return m_matches(snippet, text);
-    });
+    m_matcher.setSearchText(searchText.value());
+    m_tree = snippetTree(m_items, m_matcher.isSearching(),
+                         [this](const Snippet &snippet) { return m_matcher.matches(snippet); });
     refreshRows();
 }
 

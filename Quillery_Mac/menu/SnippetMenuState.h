@@ -12,6 +12,8 @@
 #include <optional>
 #include <vector>
 
+class SnippetMatcher;
+
 namespace platform {
 class Pasteboard;
 }
@@ -24,13 +26,10 @@ class Pasteboard;
 class SnippetMenuState
 {
 public:
-    /// Whether a snippet matches the search text.
-    using Matches = std::function<bool(const Snippet &snippet, const QString &searchText)>;
-
     /// @param doPaste  the menu's paste request
     /// @param controls the menu's command map
     SnippetMenuState(QProperty<bool> &doPaste, QProperty<Controls> &controls,
-                     platform::Pasteboard &pasteboard, Matches matches);
+                     platform::Pasteboard &pasteboard, SnippetMatcher &matcher);
     Q_DISABLE_COPY_MOVE(SnippetMenuState)
 
     QProperty<QString> searchText;
@@ -83,7 +82,7 @@ private:
     std::optional<SnippetRow> rowAt(std::optional<int> row) const;
 
     platform::Pasteboard &m_pasteboard;
-    Matches m_matches;
+    SnippetMatcher &m_matcher;
     std::vector<Snippet *> m_items;
     std::vector<Snippets> m_tree;
     std::vector<SnippetRow> m_rows;

@@ -12,7 +12,7 @@
 SnippetMenuView::SnippetMenuView(const SnippetMenuLinks &links,
                                  const std::optional<QString> &search, QWidget *parent)
     : QWidget(parent)
-    , SnippetMenuState(links.doPaste, links.controls, links.pasteboard, links.matches)
+    , SnippetMenuState(links.doPaste, links.controls, links.pasteboard, links.matcher)
     , context(links.context)
     , funcs(links.funcs)
     , items(links.context)

@@ -21,7 +21,7 @@ struct SnippetMenuLinks
     QProperty<Controls> &controls;
     platform::Pasteboard &pasteboard;
     PointerMotion &motion;
-    SnippetMenuState::Matches matches;
+    SnippetMatcher &matcher;
 };
 
 /// The list from which a snippet is picked: a search field, and below it all snippets and folders,

@@ -28,6 +28,19 @@ QList<QTextLayout::FormatRange> markFormats(const QString &text, const QColor &c
     return ranges;
 }
 
+// The elided text without a blank before its ellipsis.
+QString elided(const QString &text, const QFontMetricsF &metrics, qreal width)
+{
+    constexpr QChar kEllipsis{u'\u2026'};
+    QString shown = metrics.elidedText(text, Qt::ElideRight, width);
+    if (shown == text || !shown.endsWith(kEllipsis))
+        return shown;
+    shown.chop(1);
+    while (shown.endsWith(u' '))
+        shown.chop(1);
+    return shown.append(kEllipsis);
+}
+
 QTextOption lineOption(const Line &line, const QString &text)
 {
     QTextOption option;
@@ -85,7 +98,7 @@ void strokeInside(QPainter &painter, const QRectF &rect, qreal radius, qreal wid
 qreal drawLine(QPainter &painter, const QRectF &rect, const Line &line)
 {
     const QFontMetricsF metrics(line.font, painter.device());
-    const QString shown = metrics.elidedText(line.text, Qt::ElideRight, rect.width());
+    const QString shown = elided(line.text, metrics, rect.width());
     QTextLayout layout(shown, line.font, painter.device());
     layout.setTextOption(lineOption(line, line.text));
     if (line.markColor.isValid())

@@ -57,15 +57,12 @@ SearchField::SearchField(QWidget *parent)
     // A context menu is a window that takes the keyboard away from the menu.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAttribute(Qt::WA_MacShowFocusRect, false);
-    const int before =
-        tokens::kListRowPadding + kMagnifier + tokens::kListSlotGap - kLineEditMargin;
-    const int after = kClearInset + kClear + tokens::kSmallGap - kLineEditMargin;
-    setTextMargins(before, 0, after, 0);
     connect(static_cast<QAbstractButton *>(m_clear), &QAbstractButton::clicked, this,
             [this] { clear(); });
     connect(this, &QLineEdit::textChanged, m_clear,
             [this](const QString &text) { m_clear->setVisible(!text.isEmpty()); });
     m_clear->hide();
+    placeText();
     takeColors();
 }
 
@@ -82,6 +79,7 @@ bool SearchField::event(QEvent *event)
         takeColors();
         break;
     case QEvent::LayoutDirectionChange:
+        placeText();
         placeClearButton();
         break;
     default:
@@ -121,6 +119,15 @@ void SearchField::mouseMoveEvent(QMouseEvent *event)
 {
     QLineEdit::mouseMoveEvent(event);
     event->accept();
+}
+
+void SearchField::placeText()
+{
+    const int before =
+        tokens::kListRowPadding + kMagnifier + tokens::kListSlotGap - kLineEditMargin;
+    const int after = kClearInset + kClear + tokens::kSmallGap - kLineEditMargin;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setTextMargins(isMirrored ? after : before, 0, isMirrored ? before : after, 0);
 }
 
 void SearchField::placeClearButton()

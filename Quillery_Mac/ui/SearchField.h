@@ -25,6 +25,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
 
 private:
+    void placeText();
     void placeClearButton();
     void takeColors();
 

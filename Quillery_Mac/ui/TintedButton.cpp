@@ -70,6 +70,8 @@ void TintedButton::paintEvent(QPaintEvent *)
                               tokens::kTintedButtonRadius + 1, 1, edge);
     }
     painter.setPen(Qt::white);
+    // A sign at the end stays at the end of the words, whatever the reading direction around them.
+    painter.setLayoutDirection(text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter.setFont(buttonFont());
     painter.drawText(button, Qt::AlignCenter | Qt::TextSingleLine, text());
 }
