@@ -58,6 +58,7 @@ public:
         loseKeyboard();
     }
 
+    bool isComposited() const override { return composited; }
     bool isKey() const override { return m_isKey; }
 
     /// What a click elsewhere does: the windows stay shown, the keyboard is gone.
@@ -71,6 +72,7 @@ public:
     std::vector<QWidget *> prepared;
     QList<QWidget *> popovers;         ///< those shown now
     QWidget *keyboardWindow = nullptr; ///< the one that has the keyboard now
+    bool composited = false;
     int presentCount = 0;
     int dismissCount = 0;
 

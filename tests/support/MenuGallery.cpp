@@ -132,10 +132,15 @@ private:
     QString m_prefix;
 };
 
+// Left and right as for left-to-right reading.
 void press(MenuBench &bench, std::initializer_list<Qt::Key> keys)
 {
-    for (const Qt::Key key : keys)
-        QTest::keyClick(bench.menu, key);
+    const bool isMirrored = QApplication::layoutDirection() == Qt::RightToLeft;
+    for (const Qt::Key key : keys) {
+        const bool isSideways = key == Qt::Key_Left || key == Qt::Key_Right;
+        const Qt::Key opposite = key == Qt::Key_Left ? Qt::Key_Right : Qt::Key_Left;
+        QTest::keyClick(bench.menu, isMirrored && isSideways ? opposite : key);
+    }
 }
 
 void shootPointerMenu(Gallery &gallery)
