@@ -38,6 +38,10 @@ QString shortcutText(const KeyboardShortcuts::Name &name)
     return shortcut ? shortcut->description() : QString();
 }
 
+/// How long the prepared texts of the search stay in memory after the last menu: long enough for
+/// somebody who pastes again and again, short enough to be small when idle.
+constexpr std::chrono::minutes kSearchRest{5};
+
 SceneBuilders emptyScenes()
 {
     return {buildEmptyWindow, [](bool /*copy*/) { return buildEmptyWindow(); }, buildEmptyWindow,
@@ -63,6 +67,8 @@ Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &d
     , m_scenes(makeScenes(emptyScenes()), [this](QWidget &ourWindow) { activate(ourWindow); })
 {
     funcs.openWindow = openWindow;
+    m_searchRest.setSingleShot(true);
+    connect(&m_searchRest, &QTimer::timeout, this, [this] { m_matcher.release(); });
     KeyboardShortcuts::setUp(defaults, *desktop.hotkeys, *desktop.keyboardLayout);
 }
 
@@ -231,6 +237,8 @@ QWidget *Quillery_MacApp::buildMenu(bool contextMenu, PanelWindow &host)
                                .window = contextMenu ? &host : nullptr,
                                .updaterController = updaterController,
                                .dismiss = [&host] { host.close(); }});
+    m_searchRest.stop();
+    connect(menu, &QObject::destroyed, &m_searchRest, [this] { m_searchRest.start(kSearchRest); });
     followRequests(*menu);
     if (!contextMenu)
         observeEveryWindow();

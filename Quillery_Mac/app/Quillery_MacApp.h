@@ -14,6 +14,7 @@
 
 #include <QObject>
 #include <QProperty>
+#include <QTimer>
 
 #include <memory>
 
@@ -104,6 +105,7 @@ private:
     PasteAction m_pasteAction;
     SceneTable m_scenes;
     SnippetMatcher m_matcher;
+    QTimer m_searchRest;
     std::unique_ptr<MenuBarWindow> m_menuBarWindow;
     std::vector<QPropertyNotifier> m_observers;
 };
