@@ -147,7 +147,9 @@ qreal lineWidth(const QPalette &palette)
 
 qreal contrast(const QColor &one, const QColor &other)
 {
-    const auto [darker, lighter] = std::minmax(luminance(one), luminance(other));
+    const qreal first = luminance(one);
+    const qreal second = luminance(other);
+    const auto [darker, lighter] = std::minmax(first, second);
     return (lighter + 0.05) / (darker + 0.05);
 }
 
