@@ -2,10 +2,11 @@
 #pragma once
 
 #include <QFlags>
+#include <Qt>
 
 namespace KeyboardShortcuts {
 
-/// Modifier flags of an event. The bits are those of the shortcut documents; only the first four
+/// Modifier flags of an event. Only the first four
 /// are ever stored.
 enum class Modifier : quint32 {
     Command = 0x100000,

@@ -2,7 +2,6 @@
 #include "platform/hotkeys/HotkeyHandlers.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace platform {
@@ -37,9 +36,9 @@ void HotkeyHandlers::removeTypes(HotkeyHandlerRef handler, std::span<const Hotke
 bool HotkeyHandlers::deliver(const HotkeyEvent &event) const
 {
     std::vector<HotkeyHandler> wanting;
-    for (const Installed &installed : m_installed | std::views::reverse) {
-        if (std::ranges::find(installed.types, event.type) != installed.types.end())
-            wanting.push_back(installed.handler);
+    for (auto installed = m_installed.rbegin(); installed != m_installed.rend(); ++installed) {
+        if (std::ranges::find(installed->types, event.type) != installed->types.end())
+            wanting.push_back(installed->handler);
     }
     return std::ranges::any_of(
         wanting, [&event](const HotkeyHandler &handler) { return handler(&event) == 0; });

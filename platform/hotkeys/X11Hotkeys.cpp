@@ -78,6 +78,7 @@ Result<HotkeyRef> X11Hotkeys::registerHotkey(quint32 keyCode, quint32 modifiers,
     }
     const auto ref = HotkeyRef(++m_lastRef);
     m_hotkeys.emplace(ref, Hotkey{id, keyCode, modifiers});
+    noteIfDown(chord->keycode);
     return ref;
 }
 
@@ -141,7 +142,8 @@ bool X11Hotkeys::grab(const Chord &chord)
     }
     for (Attempt &attempt : attempts)
         attempt.isOurs = m_connection->check(attempt.cookie) == 0;
-    if (std::ranges::all_of(attempts, &Attempt::isOurs))
+    // A lost connection answers nothing, which is no success.
+    if (availability().isAvailable && std::ranges::all_of(attempts, &Attempt::isOurs))
         return true;
     for (const Attempt &attempt : attempts) {
         if (attempt.isOurs) {
@@ -159,6 +161,24 @@ void X11Hotkeys::ungrab(const Chord &chord)
         xcb_ungrab_key(m_connection->xcb(), chord.keycode, m_connection->root(), mask);
     }
     xcb_flush(m_connection->xcb());
+}
+
+// The repeats of a key that is held already wake the new grab, but nobody pressed it. Releases are
+// watched before the key map is read, so that none is missed in between.
+void X11Hotkeys::noteIfDown(xcb_keycode_t keycode)
+{
+    if (m_down.contains(keycode))
+        return;
+    m_release->start();
+    const auto map =
+        m_connection->reply(xcb_query_keymap_reply, xcb_query_keymap(m_connection->xcb()));
+    const bool isDown = map && (map->keys[keycode / 8] >> (keycode % 8) & 1) != 0;
+    if (isDown) {
+        m_down.emplace(keycode, kNoHotkey);
+    } else if (m_down.empty()) {
+        m_release->stop();
+        xcb_flush(m_connection->xcb());
+    }
 }
 
 // The server keeps grabs by keycode and modifier bit through every change of the map, so they are

@@ -53,6 +53,8 @@ private:
         quint16 mask;
     };
 
+    static constexpr HotkeyRef kNoHotkey{0};
+
     X11Hotkeys(std::unique_ptr<X11Connection> connection, std::unique_ptr<X11Keyboard> keyboard,
                std::unique_ptr<X11KeyRelease> release);
 
@@ -61,6 +63,7 @@ private:
     bool grab(const Chord &chord);
     void ungrab(const Chord &chord);
     void adoptMap();
+    void noteIfDown(xcb_keycode_t keycode);
 
     void handle(const xcb_generic_event_t &event);
     void handlePress(const xcb_key_press_event_t &press);
@@ -73,7 +76,8 @@ private:
     X11Modifiers m_modifiers;
     HotkeyHandlers m_handlers;
     std::map<HotkeyRef, Hotkey> m_hotkeys;
-    /// The keys that are down, with the hot key that each of them pressed.
+    /// The keys that are down, with the hot key that each of them pressed; kNoHotkey for a key that
+    /// was down before it became a hot key.
     std::map<xcb_keycode_t, HotkeyRef> m_down;
     quint64 m_lastRef = 0;
     quint32 m_lastEventTime = 0;

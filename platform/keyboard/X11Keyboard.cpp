@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/keyboard/X11Keyboard.h"
 
-#include <chrono>
+#include "platform/keyboard/XcbXkb.h"
 
-// The C header names a structure member "explicit".
-#define explicit explicit_member
-#include <xcb/xkb.h>
-#undef explicit
+#include <chrono>
+#include <cstring>
 
 namespace platform {
 

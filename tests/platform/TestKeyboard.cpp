@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tests/platform/TestKeyboard.h"
 
+#include "platform/keyboard/XcbXkb.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ranges>
 
-// The C header names a structure member "explicit".
-#define explicit explicit_member
-#include <xcb/xkb.h>
-#undef explicit
 #include <xcb/xtest.h>
 
 TestKeyboard::TestKeyboard()
@@ -51,8 +48,8 @@ void TestKeyboard::strikeTogether(const std::vector<xcb_keycode_t> &keys)
 {
     for (const xcb_keycode_t key : keys)
         press(key);
-    for (const xcb_keycode_t key : keys | std::views::reverse)
-        release(key);
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+        release(*key);
 }
 
 unsigned TestKeyboard::modifiers()

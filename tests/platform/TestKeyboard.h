@@ -12,6 +12,7 @@ class TestKeyboard
 {
 public:
     static constexpr xcb_keycode_t kReturn = 36;
+    static constexpr xcb_keycode_t kControl = 37;
     static constexpr xcb_keycode_t kShift = 50;
     static constexpr xcb_keycode_t kC = 54;
     static constexpr xcb_keycode_t kV = 55;

@@ -163,12 +163,14 @@ TEST_F(X11HotkeysTest, aPressThatIsOverBeforeItIsHandledStillHasItsRelease)
     expectEvents({kDown, kUp, kDown, kUp, kDown, kUp});
 }
 
-TEST_F(X11HotkeysTest, aChordInAnotherOrderOrWithMoreModifiersIsAnother)
+TEST_F(X11HotkeysTest, aChordWithOtherModifiersOrAnotherKeyIsAnother)
 {
     ASSERT_TRUE(hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdV).has_value());
 
     keyboard.strikeTogether({TestKeyboard::kShift, TestKeyboard::kV});
     keyboard.strikeTogether({TestKeyboard::kSuper, TestKeyboard::kV});
+    keyboard.strikeTogether(
+        {TestKeyboard::kControl, TestKeyboard::kSuper, TestKeyboard::kShift, TestKeyboard::kV});
     keyboard.strikeTogether({TestKeyboard::kSuper, TestKeyboard::kShift, TestKeyboard::kC});
     strikeV();
 
@@ -326,6 +328,22 @@ TEST_F(X11HotkeysTest, aHotKeyUnregisteredWhileDownIsNotReportedAsReleased)
     keyboard.release(TestKeyboard::kV);
 
     expectEvents({QStringLiteral("down 2"), QStringLiteral("up 2")});
+}
+
+TEST_F(X11HotkeysTest, aKeyHeldSinceBeforeItsRegistrationIsNotPressed)
+{
+    keyboard.press(TestKeyboard::kSuper);
+    keyboard.press(TestKeyboard::kShift);
+    keyboard.press(TestKeyboard::kV);
+
+    ASSERT_TRUE(hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdV).has_value());
+
+    // Every repeat wakes the new grab.
+    ASSERT_TRUE(QTest::qWaitFor([this] { return other.timesGrabbed() >= 3; }, 20000));
+    EXPECT_EQ(events, QStringList());
+    keyboard.release(TestKeyboard::kV);
+    keyboard.strike(TestKeyboard::kV);
+    expectPressAndRelease();
 }
 
 TEST_F(X11HotkeysTest, theServiceThatIsGoneHoldsNothing)
