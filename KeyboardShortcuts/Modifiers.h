@@ -6,8 +6,7 @@
 
 namespace KeyboardShortcuts {
 
-/// Modifier flags of an event. Only the first four
-/// are ever stored.
+/// Modifier flags of an event. Only the first four are ever stored.
 enum class Modifier : quint32 {
     Command = 0x100000,
     Shift = 0x20000,

@@ -7,7 +7,8 @@ namespace KeyboardShortcuts {
 
 namespace {
 
-struct Names {
+struct Names
+{
     std::optional<Name> contextHotKey;
     std::optional<Name> addHotKey;
 };
