@@ -34,6 +34,7 @@ void QtMenuWindows::prepare(QWidget &window)
 void QtMenuWindows::present(QWidget &menu)
 {
     m_menu = &menu;
+    m_isPresented = true;
     m_isKey = true;
     m_hadFocus = false;
     menu.show();
@@ -69,14 +70,16 @@ void QtMenuWindows::giveKeyboardTo(QWidget &window)
 
 void QtMenuWindows::dismiss()
 {
-    if (m_menu == nullptr)
+    if (!std::exchange(m_isPresented, false))
         return;
     const QList<QPointer<QWidget>> popovers = std::exchange(m_popovers, {});
     for (const QPointer<QWidget> &popover : popovers) {
         if (popover != nullptr)
             popover->hide();
     }
-    std::exchange(m_menu, nullptr)->hide();
+    const QPointer<QWidget> menu = std::exchange(m_menu, nullptr);
+    if (menu != nullptr)
+        menu->hide();
     resign();
 }
 

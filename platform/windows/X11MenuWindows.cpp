@@ -67,12 +67,9 @@ Availability X11MenuWindows::availability() const
     return {true, {}};
 }
 
-// The type is for compositors, which choose shadow and animation by it; no window manager sees the
-// window, so no bar lists it.
 void X11MenuWindows::prepare(QWidget &window)
 {
     window.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
-    window.setAttribute(Qt::WA_X11NetWmWindowTypePopupMenu);
     window.setAttribute(Qt::WA_ShowWithoutActivating);
 }
 
@@ -82,6 +79,7 @@ void X11MenuWindows::present(QWidget &menu)
     if (!hasFocus())
         m_focus.remember();
     m_menu = &menu;
+    m_isPresented = true;
     show(menu);
     m_isKey = true;
     m_presses.start();
@@ -111,7 +109,7 @@ void X11MenuWindows::giveKeyboardTo(QWidget &window)
 
 void X11MenuWindows::dismiss()
 {
-    if (m_menu == nullptr)
+    if (!std::exchange(m_isPresented, false))
         return;
     if (hasFocus())
         m_focus.giveBack();
@@ -142,12 +140,26 @@ bool X11MenuWindows::hasFocus() const
 // selected for each connection by itself.
 void X11MenuWindows::show(QWidget &window)
 {
+    if (!window.isVisible())
+        describe(window);
     window.show();
     window.raise();
     X11Connection::syncToolkit();
     const quint32 mask = XCB_EVENT_MASK_FOCUS_CHANGE;
     m_connection->check(xcb_change_window_attributes_checked(m_connection->xcb(), idOf(&window),
                                                              XCB_CW_EVENT_MASK, &mask));
+}
+
+// The type is for compositors, which choose shadow and animation by it; no window manager sees the
+// window, so no bar lists it. The toolkit would call it a utility window.
+void X11MenuWindows::describe(QWidget &window)
+{
+    const auto id = static_cast<quint32>(window.winId());
+    X11Connection::syncToolkit();
+    const xcb_atom_t type = m_connection->atom("_NET_WM_WINDOW_TYPE_POPUP_MENU");
+    m_connection->check(xcb_change_property_checked(m_connection->xcb(), XCB_PROP_MODE_REPLACE, id,
+                                                    m_connection->atom("_NET_WM_WINDOW_TYPE"),
+                                                    XCB_ATOM_ATOM, 32, 1, &type));
 }
 
 void X11MenuWindows::take(QWidget &window)

@@ -52,6 +52,7 @@ private:
     bool isInGroup(quint32 window) const;
     bool hasFocus() const;
     void show(QWidget &window);
+    void describe(QWidget &window);
     void take(QWidget &window);
     void handle(const xcb_generic_event_t &event);
     void pressed(quint32 window);
@@ -65,6 +66,7 @@ private:
     QTimer m_pressTimer;
     QPointer<QWidget> m_menu;
     QList<QPointer<QWidget>> m_popovers; ///< those shown now
+    bool m_isPresented = false; ///< from present() to dismiss()
     bool m_isKey = false;
 };
 

@@ -61,14 +61,39 @@ void ForeignWindow::focus()
     setFocus(m_window);
 }
 
+// A window manager may keep the focus of a new window back: it is asked for it as bars ask.
 bool ForeignWindow::showFocused()
 {
-    const auto connection = platform::X11Connection::create();
+    const bool hasManager = platform::X11Connection::create()->windowManager() != XCB_NONE;
     map();
-    // Nobody gives the focus where no window manager runs.
-    if (connection->windowManager() == XCB_NONE)
+    if (!hasManager)
         focus();
+    else if (QTest::qWaitFor([this] { return isManaged(); }, kFocusDeadline))
+        askToActivate();
     return QTest::qWaitFor([this] { return hasFocus(); }, kFocusDeadline);
+}
+
+// Window managers mark what they manage (ICCCM 4.1.3.1).
+bool ForeignWindow::isManaged() const
+{
+    const XcbPointer<xcb_get_property_reply_t> state(xcb_get_property_reply(
+        xcb(), xcb_get_property(xcb(), 0, m_window, atom("WM_STATE"), XCB_ATOM_ANY, 0, 1),
+        nullptr));
+    return state && state->type != XCB_ATOM_NONE;
+}
+
+void ForeignWindow::askToActivate() const
+{
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = m_window;
+    message.type = atom("_NET_ACTIVE_WINDOW");
+    message.data.data32[0] = 2; // a pager asks
+    xcb_send_event(xcb(), 0, m_screen->root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char *>(&message));
+    xcb_flush(xcb());
 }
 
 xcb_window_t ForeignWindow::focusedWindow() const

@@ -2,6 +2,7 @@
 #include "tests/support/WindowManager.h"
 
 #include "platform/x11/X11Connection.h"
+#include "tests/support/ForeignWindow.h"
 #include "tests/support/TestSession.h"
 
 #include <QFile>
@@ -38,6 +39,18 @@ QList<QByteArray> commandOf(WindowManager::Kind kind)
     return {};
 }
 
+/// openbox makes itself known before it listens: what is mapped in between it overlooks.
+bool waitUntilItManages()
+{
+    ForeignWindow probe("Probe");
+    return QTest::qWaitFor(
+        [&probe] {
+            probe.map();
+            return probe.isManaged();
+        },
+        kStartDeadline);
+}
+
 bool waitForWindowManager(bool isRunning)
 {
     const auto connection = platform::X11Connection::create();
@@ -52,7 +65,7 @@ WindowManager::WindowManager(Kind kind)
     if (kind == Kind::None)
         return;
     m_process = std::make_unique<ChildProcess>(commandOf(kind));
-    EXPECT_TRUE(waitForWindowManager(true));
+    EXPECT_TRUE(waitForWindowManager(true) && waitUntilItManages());
 }
 
 WindowManager::~WindowManager()
