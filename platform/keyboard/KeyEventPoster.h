@@ -10,7 +10,8 @@ namespace platform {
 
 /// One synthetic key event. Key codes are positions on the keyboard, in the numbering that stored
 /// shortcuts use (KeyboardShortcuts::Key).
-struct KeyEvent {
+struct KeyEvent
+{
     /// The Command flag of an event's flags.
     static constexpr quint64 kCommandMask = 0x100000;
 
