@@ -3,6 +3,7 @@
 
 import os
 import pathlib
+import re
 
 import pytest
 
@@ -62,7 +63,7 @@ def pytest_runtest_makereport(item, call):
     if report.failed:
         item.has_failed = True
         if call.when == "call" and "all_desktops" in item.funcargs:
-            item.funcargs["all_desktops"].pictures(item.name.replace("/", "-"))
+            item.funcargs["all_desktops"].pictures(re.sub(r"[^\w-]+", "-", item.name))
 
 
 @pytest.fixture

@@ -5,9 +5,10 @@ from gi.repository import GLib
 
 from support.desktop import START_BOUND
 from support.quillery import BUS_NAME, OBJECT_PATH
-from support.waiting import wait_until
+from support.waiting import stays, wait_until
 
 TRAY_ICON = 24  # pixels
+DOUBLE_CLICK = 0.5  # seconds
 
 
 def open_panel(user):
@@ -29,7 +30,8 @@ def open_by_bus(user):
 
 
 def open_by_tray_click(user):
-    """The menu-bar window, by its icon."""
+    """The menu-bar window, by its icon. Not within the time of a double click after the last one."""
+    stays(lambda: not user.menus(), DOUBLE_CLICK, "the menu is not open yet")
     user.desktop.click(*tray_icon(user).centre)
     wait_for_menu(user)
 
@@ -39,7 +41,7 @@ def tray_icon(user):
     def icons():
         return [window for window in user.windows()
                 if not window.is_top_level and window.override_redirect is not None
-                and window.width == window.height and window.width <= 2 * TRAY_ICON]
+                and max(window.width, window.height) <= 2 * TRAY_ICON]
     return wait_until(icons, START_BOUND, lambda: f"tray icon: {user.windows()}")[0]
 
 
