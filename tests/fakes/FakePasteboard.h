@@ -40,6 +40,8 @@ public:
         primary = text;
     }
 
+    void adoptPrimary() override { ++adoptions; }
+
     void handOver() override { writes.push_back(Write::HandedOver); }
 
     /// Another program copies: a text, or something without text when there is none.
@@ -48,6 +50,7 @@ public:
     qint64 count = 40;              ///< grows by one per copy, whoever made it
     std::optional<QByteArray> text; ///< what string() answers
     std::optional<QByteArray> primary;
+    int adoptions = 0; ///< calls of adoptPrimary()
     std::vector<Write> writes; ///< every call that wrote, in order
     bool isRefusing = false;   ///< setString() fails from now on
 

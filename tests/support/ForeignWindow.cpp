@@ -56,6 +56,18 @@ void ForeignWindow::destroy()
     focusedWindow(); // a round trip: it is gone now
 }
 
+xcb_window_t ForeignWindow::addChild()
+{
+    const xcb_window_t child = xcb_generate_id(xcb());
+    const quint32 mask = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
+    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, child, m_window, 0, 0, 400, 300, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &mask);
+    xcb_map_window(xcb(), child);
+    focusedWindow(); // a round trip: it is there now
+    return child;
+}
+
 void ForeignWindow::focus()
 {
     setFocus(m_window);

@@ -37,6 +37,8 @@ public:
     /// Whether a window manager has taken the window over.
     bool isManaged() const;
     void destroy();
+    /// Maps a child that fills the window; what is typed into it counts as typed into the window.
+    xcb_window_t addChild();
     /// Gives itself the focus, as programs do that are clicked.
     void focus();
     /// Maps the window, has it activated as the user would, and waits until it has the focus.
