@@ -2,7 +2,6 @@
 #include "Quillery_Mac/menu/MenuKeys.h"
 
 #include "Quillery_Mac/menu/MenuView.h"
-#include "Quillery_Mac/ui/PopoverPlacement.h"
 #include "Quillery_Mac/ui/TintedButton.h"
 
 #include <QCoreApplication>
@@ -46,6 +45,14 @@ bool actsOnce(const MenuKey &key)
 {
     return key.kind == MenuKey::Kind::Return || key.kind == MenuKey::Kind::Space ||
            key.kind == MenuKey::Kind::Escape || key.kind == MenuKey::Kind::Character;
+}
+
+// The keys by which a button presses itself, and by which the keyboard goes on to the next one.
+bool isButtonsOwn(const QWidget &receiver, const QKeyEvent &event)
+{
+    return qobject_cast<const TintedButton *>(&receiver) != nullptr &&
+           (event.key() == Qt::Key_Space || event.key() == Qt::Key_Tab ||
+            event.key() == Qt::Key_Backtab);
 }
 
 } // namespace
@@ -97,7 +104,9 @@ bool MenuKeys::isOurs(QObject *watched) const
 bool MenuKeys::handle(QWidget &receiver, QKeyEvent &event)
 {
     m_menu.motion().keyPressed();
-    if (handleInButton(receiver, event))
+    if (pressButton(receiver, event))
+        return true;
+    if (isButtonsOwn(receiver, event))
         return false;
     const std::optional<MenuKey> key = menuKey(event, m_menu.layoutDirection());
     const bool isText =
@@ -110,19 +119,15 @@ bool MenuKeys::handle(QWidget &receiver, QKeyEvent &event)
     return key.has_value();
 }
 
-// A button of the confirmation that has the keyboard takes what presses it and what moves on.
-bool MenuKeys::handleInButton(QWidget &receiver, const QKeyEvent &event) const
+// A button of the confirmation that has the keyboard is pressed by Return as by Space.
+bool MenuKeys::pressButton(QWidget &receiver, const QKeyEvent &event) const
 {
     auto *button = qobject_cast<TintedButton *>(&receiver);
-    if (button == nullptr)
+    if (button == nullptr || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter))
         return false;
-    const bool isPress = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (isPress && !event.isAutoRepeat()) {
+    if (!event.isAutoRepeat())
         button->click();
-        return false;
-    }
-    return event.key() == Qt::Key_Space || event.key() == Qt::Key_Tab ||
-           event.key() == Qt::Key_Backtab;
+    return true;
 }
 
 bool MenuKeys::handleText(QWidget &receiver, QKeyEvent &event)
@@ -136,7 +141,8 @@ bool MenuKeys::handleText(QWidget &receiver, QKeyEvent &event)
         event.accept();
         return true;
     }
-    if (&receiver == field)
+    // What the field leaves, such as a modifier by itself, goes on to its parents.
+    if (&receiver == field || receiver.isAncestorOf(field))
         return false;
     // The keyboard is on its way to the popover: what was typed meanwhile is not lost.
     QKeyEvent copy(event.type(), event.key(), event.modifiers(), event.text(), event.isAutoRepeat(),

@@ -42,7 +42,7 @@ protected:
 private:
     bool isOurs(QObject *watched) const;
     bool handle(QWidget &receiver, QKeyEvent &event);
-    bool handleInButton(QWidget &receiver, const QKeyEvent &event) const;
+    bool pressButton(QWidget &receiver, const QKeyEvent &event) const;
     bool handleText(QWidget &receiver, QKeyEvent &event);
     void perform(const MenuKey &key);
 
