@@ -105,14 +105,20 @@ def test_a_click_on_the_target_closes_the_panel(user, target):
     stays(lambda: target.text() == b"", QUIET, "nothing is typed")
 
 
+def place_aside(desktop, other):
+    """Puts a window where it covers no other one."""
+    if desktop.window_manager == "i3":
+        return  # puts them side by side by itself
+    desktop.run(["wmctrl", "-r", other.title, "-e", "0,20,20,200,100"])
+    wait_until(lambda: other.window().x < 100, START_BOUND, "the other window is at its place")
+
+
 def test_a_click_on_another_program_closes_the_panel_and_gives_it_the_keyboard(user, target):
     desktop = user.desktop
     with XtermTarget(desktop) as other:
-        if desktop.window_manager != "i3":  # which puts them side by side
-            desktop.run(["wmctrl", "-r", other.title, "-e", "0,20,20,200,100"])
-        wait_until(lambda: other.window().x < 400, START_BOUND, "the other window is at its place")
+        place_aside(desktop, other)
         target.focus()
-        desktop.move_pointer(900, 700)
+        desktop.move_pointer(400, 700)
         user.summon()
         desktop.click(other.window().x + 60, other.window().y + 60)
 
@@ -126,6 +132,7 @@ def test_a_click_on_another_program_closes_the_panel_and_gives_it_the_keyboard(u
 def test_the_panel_goes_when_another_program_takes_the_focus(user, target):
     desktop = user.desktop
     with XtermTarget(desktop) as other:
+        place_aside(desktop, other)
         target.focus()
         user.summon()
         desktop.run(["wmctrl", "-a", other.title])

@@ -7,6 +7,7 @@ import os
 import pathlib
 import signal
 import sqlite3
+import time
 import uuid
 
 from gi.repository import GLib
@@ -18,6 +19,7 @@ BUS_NAME = "com.tarnwick.Quillery"
 OBJECT_PATH = "/com/tarnwick/Quillery"
 SUMMON = "shift+super+v"
 ADD = "shift+super+c"
+MENU_WIDTH = 250  # points; what is smaller is the tray icon on its way into the bar
 APPLICATION = "Quillery"  # as the accessibility tree names the program
 
 _numbers = itertools.count(1)
@@ -69,7 +71,8 @@ class Quillery:
         """Starts the program; returns when its name is on the bus and its hot keys are live."""
         self._errors = open(self.folder / "stderr", "ab")
         self.process = self.desktop.start([self.program], extra_env=self.environment(),
-                                          stderr=self._errors, stdout=self._errors)
+                                          stderr=self._errors, stdout=self._errors,
+                                          restore_signals=False)
         if ready:
             wait_until(self._is_ready_or_ended, START_BOUND, lambda: f"ready; {self.errors()}")
             assert self.is_running(), self.errors()
@@ -125,6 +128,15 @@ class Quillery:
         """What the program printed."""
         return (self.folder / "stderr").read_text(errors="replace")
 
+    def answer_time(self):
+        """Seconds until the main thread answers: it refuses an action that it does not have."""
+        began = time.monotonic()
+        try:
+            self.activate_action("no such action")
+        except GLib.Error as refusal:
+            assert "no action" in refusal.message
+        return time.monotonic() - began
+
     def activate_action(self, name):
         self.desktop.call(BUS_NAME, OBJECT_PATH, "org.freedesktop.Application", "ActivateAction",
                           GLib.Variant("(sava{sv})", (name, [], {})))
@@ -177,16 +189,17 @@ class Quillery:
         """Adds clips behind the program's back, the first as the newest."""
         rows = [(position, str(uuid.uuid4()).upper(), "seed", content)
                 for position, content in enumerate(contents, start=1)]
-        self._insert("clips", "INSERT INTO Clip (position, id, device, content) VALUES (?,?,?,?)", rows)
+        self.insert("clips", "INSERT INTO Clip (position, id, device, content) VALUES (?,?,?,?)", rows)
 
     def add_snippets(self, snippets):
         """Adds (title, content) pairs; a content of None makes a folder."""
         rows = [(order, content is None, str(uuid.uuid4()).upper(), 0.0, title, content)
                 for order, (title, content) in enumerate(snippets)]
-        self._insert("snippets", 'INSERT INTO Snippet ("order", isFolder, id, timestamp, title, content)'
+        self.insert("snippets", 'INSERT INTO Snippet ("order", isFolder, id, timestamp, title, content)'
                                  " VALUES (?,?,?,?,?,?)", rows)
 
-    def _insert(self, store, statement, rows):
+    def insert(self, store, statement, rows):
+        """Adds rows to a store file, as another program would."""
         with contextlib.closing(sqlite3.connect(self.store(store), timeout=START_BOUND)) as file:
             with file:
                 file.executemany(statement, rows)
@@ -200,7 +213,7 @@ class Quillery:
     def menus(self):
         """The menu and its popover, as far as they are shown."""
         return [window for window in self.windows()
-                if window.override_redirect and window.is_top_level]
+                if window.override_redirect and window.is_top_level and window.width >= MENU_WIDTH]
 
     def summon(self):
         """Presses the shortcut and waits until the menu has the keyboard."""
