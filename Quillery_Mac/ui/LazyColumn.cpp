@@ -2,6 +2,7 @@
 #include "Quillery_Mac/ui/LazyColumn.h"
 
 #include "Quillery_Mac/ui/PaletteColors.h"
+#include "Quillery_Mac/ui/RowAccessible.h"
 #include "Quillery_Mac/ui/ThinScrollBar.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
@@ -25,6 +26,7 @@ LazyColumn::LazyColumn(LazyColumnRows &rows, QWidget *parent)
     , m_viewport(new QWidget(this))
     , m_bar(new ThinScrollBar(this))
 {
+    installRowAccessibility();
     setFocusPolicy(Qt::NoFocus);
     connect(m_bar, &QScrollBar::valueChanged, this, [this] { layOut(Bind::NewOnly); });
 }

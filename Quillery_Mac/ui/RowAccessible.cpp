@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/ui/RowAccessible.h"
 
+#include "Quillery_Mac/ui/LazyColumn.h"
 #include "Quillery_Mac/ui/Row.h"
 
 #include <QAccessibleWidget>
@@ -50,8 +51,11 @@ private:
 
 QAccessibleInterface *makeRowAccessible(const QString &, QObject *object)
 {
-    auto *row = qobject_cast<Row *>(object);
-    return row != nullptr ? new RowAccessible(row) : nullptr;
+    if (auto *row = qobject_cast<Row *>(object))
+        return new RowAccessible(row);
+    if (auto *column = qobject_cast<LazyColumn *>(object))
+        return new QAccessibleWidget(column, QAccessible::List);
+    return nullptr;
 }
 
 } // namespace

@@ -5,8 +5,8 @@
 
 class Row;
 
-/// Makes rows known to screen readers by name(), description() and state; once per process is
-/// enough, further calls do nothing.
+/// Makes rows known to screen readers by name(), description() and state, and columns of them as
+/// lists; once per process is enough, further calls do nothing.
 void installRowAccessibility();
 
 /// A row's highlight or its open state changed.
