@@ -9,6 +9,8 @@
 
 #include <QApplication>
 
+#include <array>
+
 namespace {
 
 void describeApplication()
@@ -22,13 +24,16 @@ void describeApplication()
 
 } // namespace
 
-int main(int /*argc*/, char **argv)
+int main(int /*argc*/, char ** /*argv*/)
 {
     platform::installLog();
     platform::TerminationSignals::block();
-    // There are no command-line options, not even the toolkit's.
+    // There are no command-line options, not even the toolkit's; and the name of the program, which
+    // becomes the name of its windows, does not depend on how it was started.
+    std::array<char, 9> name{"quillery"};
+    std::array<char *, 2> arguments{name.data(), nullptr};
     int argumentCount = 1;
-    const QApplication application(argumentCount, argv);
+    const QApplication application(argumentCount, arguments.data());
     describeApplication();
 
     platform::SingleInstance instance;
