@@ -33,6 +33,15 @@ bool isCausedByGrab(const xcb_focus_out_event_t &event)
     return event.mode == XCB_NOTIFY_MODE_GRAB || event.mode == XCB_NOTIFY_MODE_UNGRAB;
 }
 
+int screenNumber(const X11Connection &connection)
+{
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection.xcb()));
+    int number = 0;
+    for (; screens.rem > 0 && screens.data->root != connection.root(); xcb_screen_next(&screens))
+        ++number;
+    return number;
+}
+
 } // namespace
 
 std::unique_ptr<X11MenuWindows> X11MenuWindows::create()
@@ -120,6 +129,16 @@ void X11MenuWindows::dismiss()
 bool X11MenuWindows::isKey() const
 {
     return m_isKey;
+}
+
+// A compositor owns a selection named after its screen (EWMH, "_NET_WM_CM_Sn").
+bool X11MenuWindows::isComposited() const
+{
+    const QByteArray name = "_NET_WM_CM_S" + QByteArray::number(screenNumber(*m_connection));
+    const auto owner =
+        m_connection->reply(xcb_get_selection_owner_reply,
+                            xcb_get_selection_owner(m_connection->xcb(), m_connection->atom(name)));
+    return owner != nullptr && owner->owner != XCB_WINDOW_NONE;
 }
 
 bool X11MenuWindows::isInGroup(quint32 window) const

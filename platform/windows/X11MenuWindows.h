@@ -45,6 +45,7 @@ public:
     void giveKeyboardTo(QWidget &window) override;
     void dismiss() override;
     bool isKey() const override;
+    bool isComposited() const override;
 
 private:
     explicit X11MenuWindows(std::unique_ptr<X11Connection> connection);
