@@ -125,6 +125,11 @@ QColor controlEdge(const QPalette &palette)
     return line(palette, 0.55);
 }
 
+QColor hoverGround(const QPalette &palette)
+{
+    return faded(text(palette), 0.08);
+}
+
 QColor highlight(const QPalette &palette)
 {
     return active(palette, QPalette::Highlight);

@@ -27,6 +27,8 @@ QColor placeholder(const QPalette &palette);
 QColor divider(const QPalette &palette);
 QColor windowEdge(const QPalette &palette);
 QColor controlEdge(const QPalette &palette);
+/// What lights up under the pointer without being the accent.
+QColor hoverGround(const QPalette &palette);
 /// The accent, and what is written on it.
 QColor highlight(const QPalette &palette);
 QColor pressedHighlight(const QPalette &palette);

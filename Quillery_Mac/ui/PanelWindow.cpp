@@ -16,7 +16,12 @@ PanelWindow::PanelWindow(platform::MenuWindows &windows, QWidget *parent)
     m_windows.prepare(*this);
 }
 
-PanelWindow::~PanelWindow() = default;
+// What the popover holds is connected to the content.
+PanelWindow::~PanelWindow()
+{
+    delete m_popover;
+    delete m_content;
+}
 
 void PanelWindow::setContent(QWidget *content)
 {

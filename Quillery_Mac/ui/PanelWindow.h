@@ -3,6 +3,7 @@
 
 #include "platform/windows/MenuWindows.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class Popover;
@@ -49,7 +50,7 @@ private:
 
     platform::MenuWindows &m_windows;
     VisualEffect *m_ground;
-    QWidget *m_content = nullptr;
+    QPointer<QWidget> m_content;
     Popover *m_popover = nullptr;
     int m_margin = 0;
 };

@@ -3,6 +3,7 @@
 
 #include <QPointF>
 
+#include <cmath>
 #include <optional>
 
 /// Tells a pointer that moves from a row that appears, or is scrolled, under a resting pointer: the
@@ -14,13 +15,18 @@ public:
     /// The pointer rests here: an enter event at this very place is not the user's doing.
     void restAt(QPointF global) { m_last = global; }
 
-    /// Whether the pointer has moved since the last event (or restAt()); takes note of its place.
+    /// Whether the pointer has moved since the last move (or restAt()), by a point at least: on a
+    /// scaled screen the same place may be told with and without its fraction.
     bool hasMovedTo(QPointF global)
     {
-        const bool hasMoved = m_last != global;
+        if (m_last) {
+            const QPointF way = global - *m_last;
+            if (std::abs(way.x()) < 1 && std::abs(way.y()) < 1)
+                return false;
+        }
         m_last = global;
-        m_isInUse = m_isInUse || hasMoved;
-        return hasMoved;
+        m_isInUse = true;
+        return true;
     }
 
     /// A key was pressed: from now on the keyboard is in use, until the pointer moves again.

@@ -58,8 +58,13 @@ void Row::forgetPointer()
 
 void Row::drawGround(QPainter &painter, const QRectF &rect) const
 {
-    if (!isHighlighted() || !isEnabled())
+    if (!isHighlighted())
         return;
+    if (!isEnabled()) {
+        // The arrow keys stop here too, but the accent would promise an action.
+        drawing::fillHighlight(painter, rect, paletteColors::hoverGround(palette()));
+        return;
+    }
     drawing::fillHighlight(painter, rect,
                            m_isPressed ? paletteColors::pressedHighlight(palette())
                                        : paletteColors::highlight(palette()));

@@ -69,6 +69,20 @@ private:
 
 } // namespace
 
+TEST(PointerMotion, aFractionOfAPointIsNoMoveButASlowDriftIsOne)
+{
+    PointerMotion motion;
+    motion.restAt(QPointF(100, 100));
+    EXPECT_FALSE(motion.hasMovedTo(QPointF(100.5, 99.5)));
+    EXPECT_FALSE(motion.isInUse());
+    EXPECT_TRUE(motion.hasMovedTo(QPointF(101, 100)));
+    EXPECT_TRUE(motion.isInUse());
+    EXPECT_FALSE(motion.hasMovedTo(QPointF(101.6, 100)));
+    EXPECT_TRUE(motion.hasMovedTo(QPointF(102.2, 100)));
+    motion.keyPressed();
+    EXPECT_FALSE(motion.isInUse());
+}
+
 TEST(LazyColumn, hasWidgetsForTheRowsInViewOnlyAndUsesThemAgain)
 {
     NumberRows rows;
