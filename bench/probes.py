@@ -14,68 +14,61 @@ BOUND = 20.0  # seconds after which a measurement is given up
 
 
 class PaintWatch:
-    """Tells when a window is painted, as the X server sees it."""
+    """Tells when a part of the screen is painted, as the X server sees it."""
 
     def __init__(self, name):
         self._display = display.Display(name)
-        self._root = self._display.screen().root
         self._display.damage_query_version()
-        self._root.change_attributes(event_mask=X.SubstructureNotifyMask)
-        self._watched = {}
+        self._display.screen().root.damage_create(damage.DamageReportRawRectangles)
         self._display.sync()
 
-    def watch_new_windows(self):
-        """Reads what has happened, so that only what comes counts."""
-        self.drain()
-
-    def drain(self):
-        for _ in self._events(0):
+    def settle(self):
+        """Waits until nothing has been painted for a while."""
+        while any(True for _ in self._painted_areas(QUIET)):
             pass
 
-    def _events(self, timeout):
-        """Events until the timeout, each with the time of its arrival."""
-        deadline = time.monotonic() + timeout
-        while True:
-            while self._display.pending_events():
-                yield time.monotonic(), self._display.next_event()
-            left = deadline - time.monotonic()
-            if left <= 0:
-                return
-            select.select([self._display.fileno()], [], [], left)
-            if not self._display.pending_events() and time.monotonic() >= deadline:
-                return
+    def painted(self, place, share=0.5, is_last=False):
+        """The time at which at least that share of a place (x, y, width, height) was painted.
 
-    def watch(self, window_id):
-        """Reports the painting of one window from now on."""
-        if window_id in self._watched:
-            return
-        window = self._display.create_resource_object("window", window_id)
-        self._watched[window_id] = window.damage_create(damage.DamageReportRawRectangles)
-        self._display.sync()
-
-    def painted(self, share=0.5, settle=None, is_wanted=lambda window_id: True):
-        """The time at which at least that share of a watched window's area was painted.
-
-        settle: take the last such painting that is followed by that many quiet seconds; without it
-        the first one counts."""
+        is_last: the last such painting before the screen is quiet, instead of the first one."""
         last = None
         deadline = time.monotonic() + BOUND
         while time.monotonic() < deadline:
-            for when, happened in self._events(settle if last is not None else 0.5):
-                if type(happened).__name__ != "DamageNotify":
-                    continue
-                area = happened.area
-                whole = happened.drawable_geometry
-                if area.width * area.height < share * whole.width * whole.height:
-                    continue
-                if settle is None:
-                    return when
-                last = when
-                break
-            else:
-                if last is not None:
-                    return last
+            times = [when for when, area in self._painted_areas(QUIET)
+                     if common(area, place) >= share * place[2] * place[3]]
+            if times and not is_last:
+                return times[0]
+            if times:
+                last = times[-1]
+            elif last is not None:
+                return last
         raise TimeoutError("nothing was painted")
+
+    def _painted_areas(self, quiet):
+        """What is painted, each with the time of its report, until there is a quiet time."""
+        deadline = time.monotonic() + quiet
+        while True:
+            waiting = self._display.pending_events()
+            if not waiting:
+                left = deadline - time.monotonic()
+                if left <= 0:
+                    return
+                select.select([self._display.fileno()], [], [], left)
+                waiting = self._display.pending_events()
+            now = time.monotonic()
+            for _ in range(waiting):
+                happened = self._display.next_event()
+                if type(happened).__name__ == "DamageNotify":
+                    deadline = now + quiet
+                    area = happened.area
+                    yield now, (area.x, area.y, area.width, area.height)
+
+
+def common(one, other):
+    """The area that two rectangles share."""
+    width = min(one[0] + one[2], other[0] + other[2]) - max(one[0], other[0])
+    height = min(one[1] + one[3], other[1] + other[3]) - max(one[1], other[1])
+    return max(width, 0) * max(height, 0)
 
 
 class PasteTarget:
