@@ -3,6 +3,8 @@
 
 #include "Quillery_Mac/menu/SnippetRowView.h"
 
+#include <QVariantAnimation>
+
 /// A folder in the snippet menu: a click opens or closes it. Its members are rows of their own,
 /// made only when they come into view.
 class Folder : public SnippetRowView
@@ -30,7 +32,10 @@ protected:
     void drawSlot(QPainter &painter, QPointF topLeft) const override;
 
 private:
-    void followOpenItems();
+    enum class Turn { Slowly, AtOnce };
 
+    void followOpenItems(Turn turn);
+
+    QVariantAnimation m_turn; ///< the chevron's, from 0 (closed) to 1 (open)
     QPropertyNotifier m_openObserver;
 };

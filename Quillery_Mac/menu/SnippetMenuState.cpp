@@ -118,7 +118,12 @@ void SnippetMenuState::openItemsChanged()
             std::find(m_openOrder.begin(), m_openOrder.end(), it.key()) == m_openOrder.end())
             m_openOrder.push_back(it.key());
     }
+    const std::vector<SnippetRow> before = m_rows;
     refreshRows();
+    const auto first = std::mismatch(before.begin(), before.end(), m_rows.begin(), m_rows.end());
+    const auto count = static_cast<int>(m_rows.size()) - static_cast<int>(before.size());
+    if (membersChanged && count != 0)
+        membersChanged(static_cast<int>(first.first - before.begin()), count);
     keepSelection();
 }
 
@@ -128,6 +133,8 @@ void SnippetMenuState::rebuild()
     m_tree = snippetTree(m_items, m_matcher.isSearching(),
                          [this](const Snippet &snippet) { return m_matcher.matches(snippet); });
     refreshRows();
+    if (rowsChanged)
+        rowsChanged();
 }
 
 void SnippetMenuState::refreshRows()

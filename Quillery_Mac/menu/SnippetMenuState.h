@@ -69,6 +69,9 @@ public:
 
     /// Called after rows() became others.
     std::function<void()> rowsChanged;
+    /// Called instead when a folder opened or closed: `count` rows came in before row `first`, or,
+    /// if it is negative, went from there.
+    std::function<void(int first, int count)> membersChanged;
 
 private:
     void searchTextChanged();

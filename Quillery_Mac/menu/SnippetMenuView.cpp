@@ -25,6 +25,10 @@ SnippetMenuView::SnippetMenuView(const SnippetMenuLinks &links,
     m_column.setAccessibleName(tr("Snippets"));
     m_column.setRowHeight(rowHeight());
     rowsChanged = [this] { rowsAreOthers(); };
+    membersChanged = [this](int first, int count) {
+        m_column.slide(first, count);
+        updateGeometry();
+    };
     connect(&m_field, &QLineEdit::textChanged, this,
             [this](const QString &text) { searchText = text; });
     connect(&items, &LiveFetchBase::changed, this, [this] { setItems(items.results()); });
@@ -37,6 +41,7 @@ SnippetMenuView::SnippetMenuView(const SnippetMenuLinks &links,
 SnippetMenuView::~SnippetMenuView()
 {
     rowsChanged = nullptr;
+    membersChanged = nullptr;
 }
 
 void SnippetMenuView::release()

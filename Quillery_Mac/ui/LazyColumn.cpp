@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/ui/LazyColumn.h"
 
+#include "Quillery_Mac/ui/Motion.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/RowAccessible.h"
 #include "Quillery_Mac/ui/ThinScrollBar.h"
@@ -28,6 +29,11 @@ LazyColumn::LazyColumn(LazyColumnRows &rows, QWidget *parent)
 {
     installRowAccessibility();
     setFocusPolicy(Qt::NoFocus);
+    m_slide.setEasingCurve(QEasingCurve::OutQuad);
+    connect(&m_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant &shift) {
+        m_slideShift = shift.toInt();
+        layOut(Bind::NewOnly);
+    });
     connect(m_bar, &QScrollBar::valueChanged, this, [this] { layOut(Bind::NewOnly); });
 }
 
@@ -48,12 +54,31 @@ void LazyColumn::setEmptyText(const QString &text)
 
 void LazyColumn::reload()
 {
+    m_slide.stop();
+    m_slideShift = 0;
     layOut(Bind::All);
     update();
 }
 
+void LazyColumn::slide(int first, int count)
+{
+    reload();
+    const int duration = motion::duration(*this, tokens::kFolderMotion);
+    if (duration == 0 || !isVisible())
+        return;
+    m_slideFirst = first;
+    m_slideEnd = first + std::max(0, count);
+    const int way = std::min(std::abs(count) * m_rowHeight, height());
+    m_slide.setDuration(duration);
+    m_slide.setStartValue(count > 0 ? -way : way);
+    m_slide.setEndValue(0);
+    m_slide.start();
+}
+
 void LazyColumn::release()
 {
+    m_slide.stop();
+    m_slideShift = 0;
     recycleOutside(0, 0);
 }
 
@@ -132,23 +157,23 @@ void LazyColumn::layOut(Bind bind)
     const int offset = m_bar->value();
     const int first = offset / m_rowHeight;
     const int last =
-        std::min(m_rows.rowCount(), (offset + height() + m_rowHeight - 1) / m_rowHeight);
+        std::min(m_rows.rowCount(),
+                 (offset + height() + std::max(0, -m_slideShift) + m_rowHeight - 1) / m_rowHeight);
     recycleOutside(first, last);
     for (int row = first; row < last; ++row) {
         const int kind = m_rows.kindOfRow(row);
         QWidget *&widget = m_shown[row];
         const bool isOfKind = widget != nullptr && m_kinds.at(widget) == kind;
         const bool isNew = !isOfKind;
-        if (isNew && widget != nullptr) {
-            m_rows.unbindRow(*widget);
-            widget->hide();
-            m_unused[m_kinds.at(widget)].push_back(widget);
-        }
+        if (isNew && widget != nullptr)
+            recycle(*widget);
         if (isNew)
             widget = takeWidget(kind);
         if (isNew || bind == Bind::All)
             m_rows.bindRow(*widget, row);
-        widget->setGeometry(0, row * m_rowHeight - offset, m_viewport->width(), m_rowHeight);
+        widget->setGeometry(0, row * m_rowHeight - offset + slideOffset(row), m_viewport->width(),
+                            m_rowHeight);
+        mask(*widget, row);
         widget->show();
     }
 }
@@ -160,11 +185,33 @@ void LazyColumn::recycleOutside(int first, int last)
             ++it;
             continue;
         }
-        m_rows.unbindRow(*it->second);
-        it->second->hide();
-        m_unused[m_kinds.at(it->second)].push_back(it->second);
+        recycle(*it->second);
         it = m_shown.erase(it);
     }
+}
+
+void LazyColumn::recycle(QWidget &widget)
+{
+    m_rows.unbindRow(widget);
+    widget.hide();
+    m_unused[m_kinds.at(&widget)].push_back(&widget);
+}
+
+int LazyColumn::slideOffset(int row) const
+{
+    return row >= m_slideEnd ? m_slideShift : 0;
+}
+
+// A row that comes in is seen as far as the rows behind it have made room.
+void LazyColumn::mask(QWidget &widget, int row) const
+{
+    const int front = m_slideEnd * m_rowHeight + m_slideShift;
+    const int seen = front - row * m_rowHeight;
+    const bool isComingIn = row >= m_slideFirst && row < m_slideEnd && seen < m_rowHeight;
+    if (m_slideShift < 0 && isComingIn)
+        widget.setMask(QRegion(0, 0, widget.width(), std::max(0, seen)));
+    else if (!widget.mask().isEmpty())
+        widget.clearMask();
 }
 
 QWidget *LazyColumn::takeWidget(int kind)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QVariantAnimation>
 #include <QWidget>
 
 #include <map>
@@ -42,6 +43,9 @@ public:
 
     /// The rows are others now: binds all that are in view. Keeps the scroll position.
     void reload();
+    /// The rows are others now: `count` came in before row `first`, or, if it is negative, went
+    /// from there. They are in place at once for keys and pointer; only what is seen moves there.
+    void slide(int first, int count);
     /// Lets go of every row, before what they show is gone.
     void release();
     /// Scrolls as little as needed to have the row in view.
@@ -66,7 +70,10 @@ private:
     void layOut(Bind bind);
     void layOutBar();
     void recycleOutside(int first, int last);
+    void recycle(QWidget &widget);
     QWidget *takeWidget(int kind);
+    int slideOffset(int row) const;
+    void mask(QWidget &widget, int row) const;
 
     LazyColumnRows &m_rows;
     QWidget *m_viewport;
@@ -77,4 +84,10 @@ private:
     QString m_emptyText;
     int m_rowHeight = 1;
     qreal m_wheelRest = 0;
+
+    /// The rows from m_slideEnd on are still this far from their places, in points.
+    int m_slideShift = 0;
+    int m_slideFirst = 0; ///< rows from here to m_slideEnd come into view from above
+    int m_slideEnd = 0;
+    QVariantAnimation m_slide;
 };

@@ -6,6 +6,7 @@
 #include "Quillery_Mac/menu/MenuRow.h"
 #include "Quillery_Mac/menu/SnippetMenuView.h"
 #include "Quillery_Mac/ui/SystemImage.h"
+#include "Quillery_Mac/ui/Tokens.h"
 #include "tests/support/MenuBench.h"
 
 #include <QApplication>
@@ -92,7 +93,8 @@ void fill(MenuBench &bench)
 
 QImage picture(MenuBench &bench)
 {
-    QApplication::processEvents();
+    // Until a folder that opened has come to rest.
+    QTest::qWait(2 * tokens::kFolderMotion);
     QRect all = bench.panel.geometry();
     const bool hasPopover = bench.panel.hasPopover() && bench.panel.popover().isOpen();
     if (hasPopover)

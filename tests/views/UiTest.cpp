@@ -312,3 +312,36 @@ TEST(WindowNotifications, ordinaryWindowsAreWatchedAndMenuWindowsAreNot)
     EXPECT_FALSE(resigned.contains(&panel));
     EXPECT_EQ(closed, 1);
 }
+
+TEST(LazyColumn, rowsThatComeInAreInPlaceAtOnceAndOnlySeemToSlide)
+{
+    NumberRows rows;
+    rows.count = 6;
+    LazyColumn column(rows, nullptr);
+    column.setRowHeight(30);
+    column.resize(300, 300);
+    column.show();
+    rows.count = 10;
+    column.slide(2, 4);
+    EXPECT_EQ(column.rowsInView().size(), 10U);
+    EXPECT_LT(column.rowWidget(6)->y(), 180);
+    EXPECT_TRUE(QTest::qWaitFor([&column] { return column.rowWidget(6)->y() == 180; }));
+    EXPECT_TRUE(column.rowWidget(5)->mask().isEmpty());
+    rows.count = 6;
+    column.slide(2, -4);
+    EXPECT_EQ(column.rowsInView().size(), 6U);
+    EXPECT_TRUE(QTest::qWaitFor([&column] { return column.rowWidget(2)->y() == 60; }));
+}
+
+TEST(LazyColumn, newRowsEndASlide)
+{
+    NumberRows rows;
+    rows.count = 6;
+    LazyColumn column(rows, nullptr);
+    column.setRowHeight(30);
+    column.resize(300, 300);
+    column.show();
+    column.slide(2, 2);
+    column.reload();
+    EXPECT_EQ(column.rowWidget(5)->y(), 150);
+}
