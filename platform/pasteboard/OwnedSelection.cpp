@@ -32,7 +32,9 @@ void OwnedSelection::take(const std::optional<QByteArray> &text)
     m_takenBySequence = xcb_set_selection_owner(m_connection.xcb(), m_connection.window(),
                                                 m_selection, XCB_CURRENT_TIME)
                             .sequence;
-    m_connection.flush();
+    // The keys that make a program paste go out on another connection. Without waiting for the
+    // server they can overtake this request on a busy machine, and nothing is pasted.
+    m_connection.sync();
 }
 
 // The server refuses a time that lies before the last acquisition (X11 protocol,

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <utility>
 
+#include <cstdlib>
 #include <poll.h>
 #include <xcb/xcbext.h>
 #include <xcb/xfixes.h>
@@ -111,6 +112,12 @@ void SelectionConnection::whenReplied(xcb_get_selection_owner_cookie_t cookie, O
 void SelectionConnection::flush()
 {
     xcb_flush(xcb());
+    queueDrain();
+}
+
+void SelectionConnection::sync()
+{
+    std::free(xcb_get_input_focus_reply(xcb(), xcb_get_input_focus(xcb()), nullptr));
     queueDrain();
 }
 

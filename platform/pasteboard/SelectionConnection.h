@@ -18,7 +18,7 @@ namespace platform {
 
 /// The pasteboard's own connection to the X server, with one hidden window.
 ///
-/// Unlike X11Connection it never waits once it stands: answers of the server come through the event
+/// Unlike X11Connection it does not wait for answers (but in sync()): they come through the event
 /// loop as events do, and a long row of them is handed out in slices of a few milliseconds. It
 /// sleeps while nothing happens. Main thread only.
 class SelectionConnection : public QObject
@@ -57,6 +57,11 @@ public:
     /// Sends what was asked for so far. Needed after requests made outside of received() and the
     /// handlers above.
     void flush();
+
+    /// As flush(), and returns when the server has carried it out: what another connection asks for
+    /// afterwards, such as the keys that make a program paste, comes later for everybody. Waits for
+    /// the server only, never for another program.
+    void sync();
 
     /// Waits, serving this connection only, until `isDone` or the deadline is over. Only for
     /// quitting.
