@@ -86,7 +86,7 @@ void ClearHistoryRow::placeButtons()
     const QRectF whole = rect();
     const auto place = [&whole, this](QWidget *button, int right) {
         const QSize size = button->sizeHint();
-        const QRectF box(right - size.width(), (height() - size.height()) / 2, size.width(),
+        const QRectF box(right - size.width(), (height() - size.height()) / 2.0, size.width(),
                          size.height());
         button->setGeometry(drawing::mirrored(box, whole, layoutDirection()).toRect());
     };

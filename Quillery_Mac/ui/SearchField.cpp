@@ -132,7 +132,7 @@ void SearchField::placeText()
 
 void SearchField::placeClearButton()
 {
-    const QRectF place(width() - kClearInset - kClear, (height() - kClear) / 2, kClear, kClear);
+    const QRectF place(width() - kClearInset - kClear, (height() - kClear) / 2.0, kClear, kClear);
     m_clear->setGeometry(drawing::mirrored(place, rect(), layoutDirection()).toRect());
 }
 
