@@ -21,6 +21,7 @@ public:
     void clearContents() override {}
     bool setString(const QByteArray &) override { return false; }
     void offerAsPrimary() override {}
+    void adoptPrimary() override {}
     void handOver() override {}
 
 private:

@@ -48,9 +48,10 @@ public:
     virtual void offerAsPrimary() = 0;
 
     /// Copies what is selected: the primary selection's text becomes the pasteboard's, as a change
-    /// of its own, once its owner has answered; nothing changes if it offers no text. For programs
-    /// in which selecting is copying. Does nothing where there is no primary selection.
-    virtual void adoptPrimary() {}
+    /// of its own, once its owner has answered. Nothing changes if it offers no text, an empty or a
+    /// concealed one, or if another copy comes first. For programs in which selecting is copying.
+    /// Does nothing where there is no primary selection.
+    virtual void adoptPrimary() = 0;
 
     /// Called once, on quitting: gives our text, and what was copied in our own text fields, to the
     /// session's clipboard manager if one runs, so that it outlives us. Waits at most half a

@@ -57,14 +57,24 @@ SelectionAtoms SelectionAtoms::intern(xcb_connection_t *connection)
         named.push_back(ask(connection, atom.name));
     SelectionAtoms atoms{};
     std::vector<xcb_intern_atom_cookie_t> transfers;
-    for (std::size_t i = 0; i < atoms.transfers.size(); ++i)
-        transfers.push_back(ask(connection, "QUILLERY_TRANSFER_" + QByteArray::number(int(i))));
+    for (std::size_t i = 0; i < atoms.clipboardTransfers.size(); ++i) {
+        const QByteArray number = QByteArray::number(int(i));
+        transfers.push_back(ask(connection, "QUILLERY_TRANSFER_" + number));
+        transfers.push_back(ask(connection, "QUILLERY_PRIMARY_TRANSFER_" + number));
+    }
 
     for (std::size_t i = 0; i < named.size(); ++i)
         atoms.*kNamedAtoms[i].member = answer(connection, named[i]);
-    for (std::size_t i = 0; i < transfers.size(); ++i)
-        atoms.transfers[i] = answer(connection, transfers[i]);
+    for (std::size_t i = 0; i < atoms.clipboardTransfers.size(); ++i) {
+        atoms.clipboardTransfers[i] = answer(connection, transfers[2 * i]);
+        atoms.primaryTransfers[i] = answer(connection, transfers[2 * i + 1]);
+    }
     return atoms;
+}
+
+const SelectionAtoms::TransferProperties &SelectionAtoms::transfersOf(xcb_atom_t selection) const
+{
+    return selection == XCB_ATOM_PRIMARY ? primaryTransfers : clipboardTransfers;
 }
 
 std::vector<xcb_atom_t> SelectionAtoms::textTargets() const

@@ -12,6 +12,10 @@ namespace platform {
 /// Sources: ICCCM sections 2.6 and 2.7, the clipboard manager specification of freedesktop.org.
 struct SelectionAtoms
 {
+    /// Consecutive transfers use different properties, so that a late answer to an abandoned one is
+    /// never taken for an answer to the present one.
+    using TransferProperties = std::array<xcb_atom_t, 8>;
+
     xcb_atom_t clipboard;
     xcb_atom_t clipboardManager;
     xcb_atom_t manager;
@@ -32,12 +36,15 @@ struct SelectionAtoms
     xcb_atom_t clock;
     /// The property that lists what a clipboard manager is to save on our behalf.
     xcb_atom_t saveList;
-    /// Consecutive transfers use different properties, so that a late answer to an abandoned one is
-    /// never taken for an answer to the present one.
-    std::array<xcb_atom_t, 8> transfers;
+    TransferProperties clipboardTransfers;
+    TransferProperties primaryTransfers;
 
     /// Waits for the X server once.
     static SelectionAtoms intern(xcb_connection_t *connection);
+
+    /// The properties for reading that selection: each has its own, so that two can be read at
+    /// once.
+    const TransferProperties &transfersOf(xcb_atom_t selection) const;
 
     /// The targets that hold plain text, the best first.
     std::vector<xcb_atom_t> textTargets() const;

@@ -31,11 +31,11 @@ bool contains(const std::vector<xcb_atom_t> &atoms, xcb_atom_t atom)
 
 } // namespace
 
-SelectionReader::SelectionReader(SelectionConnection &connection, ReadDeadlines deadlines,
-                                 QObject *parent)
+SelectionReader::SelectionReader(SelectionConnection &connection, xcb_atom_t selection,
+                                 ReadDeadlines deadlines, QObject *parent)
     : QObject(parent)
     , m_connection(connection)
-    , m_transfer(connection,
+    , m_transfer(connection, selection,
                  {[this](const SelectionTransfer::Piece &piece) { return takePiece(piece); },
                   [this] {
                       if (m_stepTimer.isActive())
@@ -200,7 +200,7 @@ void SelectionReader::stopTimers()
 void SelectionReader::deadlineReached()
 {
     stopTimers();
-    qCInfo(logPasteboard, "the owner of the clipboard did not deliver its text in time");
+    qCInfo(logPasteboard, "the owner of a selection did not deliver its text in time");
     emit overdue();
 }
 

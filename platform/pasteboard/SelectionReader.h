@@ -23,7 +23,7 @@ struct ReadDeadlines
     std::chrono::milliseconds whole{20000};
 };
 
-/// Reads the text of the present owner of CLIPBOARD: first what it offers, then whether it is
+/// Reads the text of a selection's present owner: first what it offers, then whether it is
 /// concealed, and only then the text, in the best target that it really answers.
 ///
 /// A concealed copy is never asked for its text. Main thread only; nothing waits.
@@ -32,11 +32,11 @@ class SelectionReader : public QObject
     Q_OBJECT
 
 public:
-    SelectionReader(SelectionConnection &connection, ReadDeadlines deadlines,
+    SelectionReader(SelectionConnection &connection, xcb_atom_t selection, ReadDeadlines deadlines,
                     QObject *parent = nullptr);
 
     /// Starts to read; a reading that is under way is forgotten and reports nothing any more.
-    /// @param time server time of the change of ownership (milliseconds)
+    /// @param time server time of the change of ownership or later (milliseconds)
     void read(xcb_timestamp_t time);
     void cancel();
     bool isReading() const { return m_step != Step::None; }

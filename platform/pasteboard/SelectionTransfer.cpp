@@ -14,8 +14,10 @@ constexpr int kMaxLeftovers = 4096;
 
 } // namespace
 
-SelectionTransfer::SelectionTransfer(SelectionConnection &connection, Handlers handlers)
+SelectionTransfer::SelectionTransfer(SelectionConnection &connection, xcb_atom_t selection,
+                                     Handlers handlers)
     : m_connection(connection)
+    , m_selection(selection)
     , m_handlers(std::move(handlers))
 {
 }
@@ -23,7 +25,7 @@ SelectionTransfer::SelectionTransfer(SelectionConnection &connection, Handlers h
 void SelectionTransfer::start(xcb_atom_t target, xcb_timestamp_t time)
 {
     cancel();
-    const auto &properties = m_connection.atoms().transfers;
+    const auto &properties = m_connection.atoms().transfersOf(m_selection);
     m_propertyIndex = (m_propertyIndex + 1) % properties.size();
     m_property = properties.at(m_propertyIndex);
     m_target = target;
@@ -35,8 +37,8 @@ void SelectionTransfer::start(xcb_atom_t target, xcb_timestamp_t time)
     m_state = State::AwaitingAnswer;
     // What an abandoned transfer may have left there must not pass for the answer.
     xcb_delete_property(m_connection.xcb(), m_connection.window(), m_property);
-    xcb_convert_selection(m_connection.xcb(), m_connection.window(), m_connection.atoms().clipboard,
-                          target, m_property, time);
+    xcb_convert_selection(m_connection.xcb(), m_connection.window(), m_selection, target,
+                          m_property, time);
     m_connection.flush();
 }
 
@@ -59,7 +61,7 @@ void SelectionTransfer::ownerVanished()
 
 void SelectionTransfer::handle(const xcb_selection_notify_event_t &event)
 {
-    if (m_state != State::AwaitingAnswer || event.selection != m_connection.atoms().clipboard)
+    if (m_state != State::AwaitingAnswer || event.selection != m_selection)
         return;
     if (event.property == m_property) {
         m_handlers.progressed();
@@ -151,7 +153,7 @@ void SelectionTransfer::awaitIncrement()
 
 void SelectionTransfer::discardLeftover(xcb_atom_t property)
 {
-    const auto &ours = m_connection.atoms().transfers;
+    const auto &ours = m_connection.atoms().transfersOf(m_selection);
     if (std::find(ours.begin(), ours.end(), property) == ours.end() || m_leftovers == 0)
         return;
     --m_leftovers;

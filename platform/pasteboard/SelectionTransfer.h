@@ -44,9 +44,9 @@ public:
     /// has begun.
     static constexpr quint32 kSliceBytes = 128 * 1024;
 
-    SelectionTransfer(SelectionConnection &connection, Handlers handlers);
+    SelectionTransfer(SelectionConnection &connection, xcb_atom_t selection, Handlers handlers);
 
-    /// Asks the owner of CLIPBOARD; what was under way is cancelled.
+    /// Asks the selection's owner; what was under way is cancelled.
     /// @param time server time of the event that led here (milliseconds)
     void start(xcb_atom_t target, xcb_timestamp_t time);
     void cancel();
@@ -69,6 +69,7 @@ private:
     void finish(Outcome outcome);
 
     SelectionConnection &m_connection;
+    xcb_atom_t m_selection;
     Handlers m_handlers;
     State m_state = State::Idle;
     xcb_atom_t m_target = XCB_NONE;

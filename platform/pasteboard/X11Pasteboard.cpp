@@ -31,7 +31,8 @@ std::unique_ptr<X11Pasteboard> X11Pasteboard::create(const QByteArray &display, 
 X11Pasteboard::X11Pasteboard(std::unique_ptr<SelectionConnection> connection, Patience patience)
     : m_connection(std::move(connection))
     , m_server(*m_connection, patience.requestor)
-    , m_reader(*m_connection, patience.reading)
+    , m_reader(*m_connection, m_connection->atoms().clipboard, patience.reading)
+    , m_primaryReader(*m_connection, XCB_ATOM_PRIMARY, patience.reading)
     , m_clipboard(*m_connection, m_server, m_connection->atoms().clipboard)
     , m_primary(*m_connection, m_server, XCB_ATOM_PRIMARY)
     , m_keeper(*m_connection, m_server)
@@ -39,12 +40,11 @@ X11Pasteboard::X11Pasteboard(std::unique_ptr<SelectionConnection> connection, Pa
     connect(m_connection.get(), &SelectionConnection::received, this, &X11Pasteboard::receive);
     connect(&m_reader, &SelectionReader::finished, this, &X11Pasteboard::settle);
     connect(&m_reader, &SelectionReader::overdue, this, [this] { settle(std::nullopt); });
+    connect(&m_primaryReader, &SelectionReader::finished, this, &X11Pasteboard::primarySettled);
+    connect(&m_primaryReader, &SelectionReader::overdue, this, &X11Pasteboard::cancelAdoption);
     connect(&m_keeper, &ClipboardKeeper::becameManager, this, &X11Pasteboard::keepForVanishedOwner);
     m_clipboard.watch();
-    // A change of a property brings the server's time, with which everything else starts.
-    xcb_change_property(m_connection->xcb(), XCB_PROP_MODE_APPEND, m_connection->window(),
-                        m_connection->atoms().clock, XCB_ATOM_INTEGER, 32, 0, nullptr);
-    m_connection->flush();
+    askTime();
 }
 
 X11Pasteboard::~X11Pasteboard() = default;
@@ -63,11 +63,7 @@ Availability X11Pasteboard::availability() const
 
 void X11Pasteboard::clearContents()
 {
-    m_reader.cancel();
-    m_reading = Reading::Settled;
-    m_vanishedOwnerSince.reset();
-    m_clipboard.take(std::nullopt);
-    publish(m_changeCount + 1, std::nullopt);
+    replaceContents(std::nullopt);
 }
 
 bool X11Pasteboard::setString(const QByteArray &utf8)
@@ -79,13 +75,6 @@ bool X11Pasteboard::setString(const QByteArray &utf8)
     m_clipboard.setText(utf8);
     publish(m_changeCount, utf8);
     return true;
-}
-
-void X11Pasteboard::offerAsPrimary()
-{
-    if (!m_primary.isOurs())
-        m_primary.watch();
-    m_primary.take(m_string);
 }
 
 void X11Pasteboard::receive(const xcb_generic_event_t &event)
@@ -108,9 +97,10 @@ void X11Pasteboard::receive(const xcb_generic_event_t &event)
 void X11Pasteboard::propertyChanged(const xcb_property_notify_event_t &event)
 {
     const bool isClock = event.atom == m_connection->atoms().clock;
-    if (isClock && event.window == m_connection->window() && !std::exchange(m_isStarted, true))
-        start(event.time);
+    if (isClock && event.window == m_connection->window())
+        timeKnown(event.time);
     m_reader.handle(event);
+    m_primaryReader.handle(event);
     m_server.handle(event);
 }
 
@@ -118,6 +108,8 @@ void X11Pasteboard::selectionNotified(const xcb_selection_notify_event_t &event)
 {
     if (event.selection == m_connection->atoms().clipboardManager)
         m_isHandedOver = true;
+    else if (event.selection == m_primary.atom())
+        m_primaryReader.handle(event);
     else
         m_reader.handle(event);
 }
@@ -150,6 +142,22 @@ void X11Pasteboard::requestFailed(const xcb_generic_error_t &error)
 {
     if (error.error_code == XCB_WINDOW)
         m_server.windowVanished(error.resource_id);
+}
+
+// A change of a property brings it.
+void X11Pasteboard::askTime()
+{
+    xcb_change_property(m_connection->xcb(), XCB_PROP_MODE_APPEND, m_connection->window(),
+                        m_connection->atoms().clock, XCB_ATOM_INTEGER, 32, 0, nullptr);
+    m_connection->flush();
+}
+
+void X11Pasteboard::timeKnown(xcb_timestamp_t now)
+{
+    if (!std::exchange(m_isStarted, true))
+        start(now);
+    if (std::exchange(m_isAdopting, false))
+        readPrimary(now);
 }
 
 void X11Pasteboard::start(xcb_timestamp_t now)
@@ -188,6 +196,7 @@ void X11Pasteboard::clipboardTakenBy(xcb_window_t owner, xcb_timestamp_t time)
 {
     const bool isManager =
         m_keeper.manager() != XCB_NONE && m_connection->isSameClient(owner, m_keeper.manager());
+    m_primaryReader.cancel(); // its text would be older than this copy
     m_vanishedOwnerSince.reset();
     m_isSaveRequested = false;
     m_reading = isManager ? Reading::ManagerCopy : Reading::Copy;
@@ -218,12 +227,14 @@ void X11Pasteboard::keepForVanishedOwner()
         m_clipboard.takeIfFreeSince(*m_vanishedOwnerSince, m_string);
 }
 
-// Noticed only while we offer it: PRIMARY changes with every drag of the mouse.
-void X11Pasteboard::primaryOwnerChanged(const xcb_xfixes_selection_notify_event_t &event)
+void X11Pasteboard::replaceContents(const std::optional<QByteArray> &text)
 {
-    const OwnedSelection::Change change = m_primary.ownerChanged(event);
-    if (change == OwnedSelection::Change::Foreign || change == OwnedSelection::Change::Nobodys)
-        m_primary.unwatch();
+    cancelAdoption();
+    m_reader.cancel();
+    m_reading = Reading::Settled;
+    m_vanishedOwnerSince.reset();
+    m_clipboard.take(text);
+    publish(m_changeCount + 1, text);
 }
 
 void X11Pasteboard::settle(const std::optional<QByteArray> &text)

@@ -11,10 +11,11 @@
 
 namespace platform {
 
-/// The pasteboard on X11: the CLIPBOARD selection, and PRIMARY when asked to offer it.
+/// The pasteboard on X11: the CLIPBOARD selection, and PRIMARY when asked to offer or to adopt it.
 ///
-/// Counts one change per notice of a new owner, read or not; an owner that ends is no change. What
-/// was copied stays on offer when its owner ends, unless another program keeps the clipboard.
+/// Counts a new owner's copy once it is read, or known to be unreadable; one that is superseded
+/// before that is not counted, and an owner that ends is no change. What was copied stays on offer
+/// when its owner ends, unless another program keeps the clipboard.
 class X11Pasteboard : public Pasteboard
 {
     Q_OBJECT
@@ -41,6 +42,7 @@ public:
     void clearContents() override;
     bool setString(const QByteArray &utf8) override;
     void offerAsPrimary() override;
+    void adoptPrimary() override;
     void handOver() override;
 
 private:
@@ -62,15 +64,21 @@ private:
     void selectionOwnerChanged(const xcb_xfixes_selection_notify_event_t &event);
     void requestFailed(const xcb_generic_error_t &error);
 
+    void askTime();
+    void timeKnown(xcb_timestamp_t now);
     void start(xcb_timestamp_t now);
     void clipboardOwnerChanged(const xcb_xfixes_selection_notify_event_t &event);
     void clipboardTakenBy(xcb_window_t owner, xcb_timestamp_t time);
     void clipboardLost(const xcb_xfixes_selection_notify_event_t &event);
     void primaryOwnerChanged(const xcb_xfixes_selection_notify_event_t &event);
+    void readPrimary(xcb_timestamp_t now);
+    void primarySettled(const std::optional<QByteArray> &text);
+    void cancelAdoption();
     void keepForVanishedOwner();
     void takeOverFromToolkit();
     void askManagerToSave();
 
+    void replaceContents(const std::optional<QByteArray> &text);
     void settle(const std::optional<QByteArray> &text);
     void publish(qint64 count, const std::optional<QByteArray> &text);
     ClipboardKeeper::Copy copyState() const;
@@ -78,6 +86,7 @@ private:
     std::unique_ptr<SelectionConnection> m_connection;
     SelectionServer m_server;
     SelectionReader m_reader;
+    SelectionReader m_primaryReader;
     OwnedSelection m_clipboard;
     OwnedSelection m_primary;
     ClipboardKeeper m_keeper;
@@ -86,8 +95,9 @@ private:
     std::optional<QByteArray> m_string;
     Reading m_reading = Reading::Settled;
     bool m_isStarted = false;
-    bool m_isSaveRequested = false;                      ///< the owner has asked to keep its copy
-    bool m_isHandedOver = false;                         ///< the manager has answered handOver()
+    bool m_isAdopting = false;      ///< PRIMARY is to be read once the time is known
+    bool m_isSaveRequested = false; ///< the owner has asked to keep its copy
+    bool m_isHandedOver = false;    ///< the manager has answered handOver()
     std::optional<xcb_timestamp_t> m_vanishedOwnerSince; ///< when an owner that ended had copied
 };
 

@@ -132,6 +132,25 @@ TEST_F(X11PasteboardPrograms, aSelectionInXtermIsNoCopy)
     end(*xterm);
 }
 
+TEST_F(X11PasteboardPrograms, aSelectionInXtermIsAdoptedWhenAskedFor)
+{
+    const auto xterm = startWindow(QStringLiteral("xterm"),
+                                   {QStringLiteral("-e"), QStringLiteral("printf selected; cat")},
+                                   QStringLiteral("xterm"));
+    const qint64 before = pasteboard->changeCount();
+    ASSERT_TRUE(selectWordInXterm("PRIMARY", "selected"));
+
+    pasteboard->adoptPrimary();
+
+    ASSERT_TRUE(waitForChangeAfter(before));
+    EXPECT_EQ(pasteboard->string(), "selected");
+    EXPECT_EQ(
+        display.run(QStringLiteral("xclip"), {QStringLiteral("-selection"),
+                                              QStringLiteral("clipboard"), QStringLiteral("-out")}),
+        "selected");
+    end(*xterm);
+}
+
 TEST_F(X11PasteboardPrograms, aCopyByXtermIsRead)
 {
     const auto xterm =
