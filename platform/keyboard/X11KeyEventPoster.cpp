@@ -65,7 +65,13 @@ X11KeyEventPoster::X11KeyEventPoster(std::unique_ptr<X11Connection> connection,
     connect(&m_releases, &RawInput::happened, this, &X11KeyEventPoster::releaseWithUser);
 }
 
-X11KeyEventPoster::~X11KeyEventPoster() = default;
+// The server keeps what was typed by XTEST when its client goes: a key that is not let go here
+// would stay down after the user lets go of it.
+X11KeyEventPoster::~X11KeyEventPoster()
+{
+    release(m_pressedAgain);
+    m_connection->reply(xcb_get_input_focus_reply, xcb_get_input_focus(m_connection->xcb()));
+}
 
 QString X11KeyEventPoster::backendId() const
 {
@@ -183,10 +189,7 @@ void X11KeyEventPoster::burst(const Chord &chord)
     const KeySet locks = m_keys.locks();
     const KeySet before = m_held.anywhere() & ~locks;
     m_pressedAgain.reset();
-    for (std::size_t key = 0; key < before.size(); ++key) {
-        if (before[key])
-            fake(XCB_KEY_RELEASE, static_cast<quint8>(key));
-    }
+    release(before);
     for (const quint8 modifier : chord.modifiers)
         fake(XCB_KEY_PRESS, modifier);
     fake(XCB_KEY_PRESS, chord.key);
@@ -200,6 +203,15 @@ void X11KeyEventPoster::burst(const Chord &chord)
 void X11KeyEventPoster::fake(quint8 type, quint8 key)
 {
     xcb_test_fake_input(m_connection->xcb(), type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+}
+
+void X11KeyEventPoster::release(const KeySet &keys)
+{
+    for (std::size_t key = 0; key < keys.size(); ++key) {
+        if (keys[key])
+            fake(XCB_KEY_RELEASE, static_cast<quint8>(key));
+    }
+    xcb_flush(m_connection->xcb());
 }
 
 void X11KeyEventPoster::pressAgain(const KeySet &before)
@@ -219,11 +231,7 @@ void X11KeyEventPoster::pressAgain(const KeySet &before)
 void X11KeyEventPoster::releaseWithUser()
 {
     const KeySet over = m_pressedAgain & ~m_held.physically();
-    for (std::size_t key = 0; key < over.size(); ++key) {
-        if (over[key])
-            fake(XCB_KEY_RELEASE, static_cast<quint8>(key));
-    }
-    xcb_flush(m_connection->xcb());
+    release(over);
     m_pressedAgain &= ~over;
     if (m_pressedAgain.none())
         m_releases.stop();

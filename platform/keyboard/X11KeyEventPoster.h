@@ -27,8 +27,8 @@ enum class ChordStyle;
 /// again. The burst waits until no other key is down, because a key that is released in its middle
 /// can reach the program between the chord's own events. Locks stay as they are.
 ///
-/// What is pressed again is watched until the user lets it go, and is let go with it; without that
-/// a release between the look and the press would leave the modifier stuck.
+/// What is pressed again is watched until the user lets it go, and is let go with it, or with the
+/// object; without that a release between the look and the press would leave the modifier stuck.
 class X11KeyEventPoster : public KeyEventPoster
 {
     Q_OBJECT
@@ -61,6 +61,7 @@ private:
     void typeInto(quint32 window);
     void burst(const Chord &chord);
     void fake(quint8 type, quint8 key);
+    void release(const KeySet &keys);
     void pressAgain(const KeySet &before);
     void releaseWithUser();
     void finish(bool sent);

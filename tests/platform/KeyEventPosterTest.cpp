@@ -76,6 +76,22 @@ TEST_P(KeyEventPoster, aModifierReleasedAfterThePasteCanBeTypedByProgramsAgain)
     EXPECT_TRUE(waitFor([this] { return !isAnyKeyDown(); }));
 }
 
+TEST_P(KeyEventPoster, aModifierThatIsHeldDoesNotStickWhenTheProgramEndsBeforeItIsLetGo)
+{
+    ASSERT_TRUE(target.showFocused());
+    hold(UserInput::kShift);
+    postPaste();
+    ASSERT_TRUE(isSent());
+    ASSERT_TRUE(waitFor([this] { return isDown(UserInput::kShift); }));
+
+    poster.reset();
+    letGo(UserInput::kShift);
+
+    user.tap(UserInput::kA);
+    EXPECT_EQ(typedInto(target, 2).back(), (Key{true, UserInput::kA, 0}));
+    EXPECT_TRUE(waitFor([this] { return !isAnyKeyDown(); }));
+}
+
 TEST_P(KeyEventPoster, theChordWaitsUntilTheKeyThatPickedIsUp)
 {
     ASSERT_TRUE(target.showFocused());
