@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QLocalSocket>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -45,6 +46,10 @@ std::unique_ptr<LockedInstance> LockedInstance::create()
     if (descriptor < 0)
         return nullptr;
     const bool isFirst = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    if (!isFirst && errno != EWOULDBLOCK) { // a file system without locks
+        close(descriptor);
+        return nullptr;
+    }
     return std::unique_ptr<LockedInstance>(
         new LockedInstance(descriptor, isFirst, base + QStringLiteral(".socket")));
 }

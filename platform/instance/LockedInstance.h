@@ -9,8 +9,8 @@
 
 namespace platform {
 
-/// The single instance without a bus: a lock for each display in the private runtime folder, and a
-/// socket beside it by which a second start reaches the first.
+/// The single instance of a display, with a bus or without: a lock for each display in the private
+/// runtime folder, and a socket beside it by which a second start reaches the first.
 ///
 /// The lock belongs to the open file, so the kernel gives it back however the process ends. Main
 /// thread only.
@@ -19,7 +19,7 @@ class LockedInstance : public QObject
     Q_OBJECT
 
 public:
-    /// Tries to take the lock. Null when there is no place for one.
+    /// Tries to take the lock. Null when there is no place for one, or none can be had there.
     static std::unique_ptr<LockedInstance> create();
     ~LockedInstance() override;
 

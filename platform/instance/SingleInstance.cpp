@@ -30,17 +30,39 @@ QStringList SingleInstance::actionNames()
             QStringLiteral("quit")};
 }
 
+// The lock comes first, and with a bus too: it is all that a start without the bus on the same
+// display can see of us, and we of it.
 bool SingleInstance::acquire()
 {
+    if (!acquireLock())
+        return false;
     switch (claimName()) {
     case Claim::Won:
-        return true;
+        break;
     case Claim::Lost:
+        m_lock.reset();
         return false;
     case Claim::NoBus:
+        if (m_lock == nullptr)
+            qCWarning(logApp) << "No place for a lock: a second instance would not be noticed";
         break;
     }
-    return acquireLock();
+    return true;
+}
+
+// Is listening at once: another start may come while the bus is asked.
+bool SingleInstance::acquireLock()
+{
+    m_lock = LockedInstance::create();
+    if (m_lock == nullptr)
+        return true;
+    if (!m_lock->isFirst()) {
+        m_lock->activateFirst();
+        return false;
+    }
+    connect(m_lock.get(), &LockedInstance::activated, this, &SingleInstance::activated);
+    m_lock->listen();
+    return true;
 }
 
 // The running instance may end between the two questions; then its name is free at the second try.
@@ -63,22 +85,6 @@ SingleInstance::Claim SingleInstance::claimName()
             return Claim::Lost;
     }
     return Claim::Lost;
-}
-
-bool SingleInstance::acquireLock()
-{
-    m_lock = LockedInstance::create();
-    if (m_lock == nullptr) {
-        qCWarning(logApp) << "No place for a lock: a second instance would not be noticed";
-        return true;
-    }
-    if (!m_lock->isFirst()) {
-        m_lock->activateFirst();
-        return false;
-    }
-    connect(m_lock.get(), &LockedInstance::activated, this, &SingleInstance::activated);
-    m_lock->listen();
-    return true;
 }
 
 } // namespace platform

@@ -14,8 +14,9 @@ class LockedInstance;
 ///
 /// On the session bus the program is com.tarnwick.Quillery and offers, at /com/tarnwick/Quillery,
 /// the interface org.freedesktop.Application (Desktop Entry Specification 1.5, "D-Bus Activation").
-/// Without a session bus a lock in the runtime folder does the same for one display, and no actions
-/// can be asked for. One object per process, created with the application object, main thread only.
+/// A lock in the runtime folder does the same for one display, among starts with and without the
+/// bus; without the bus no actions can be asked for. One object per process, created with the
+/// application object, main thread only.
 class SingleInstance : public QObject
 {
     Q_OBJECT
@@ -42,6 +43,7 @@ private:
     enum class Claim { Won, Lost, NoBus };
 
     Claim claimName();
+    /// @return false if another instance has the lock, which is then asked to activate
     bool acquireLock();
 
     std::unique_ptr<LockedInstance> m_lock;
