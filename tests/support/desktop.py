@@ -31,7 +31,7 @@ KEPT_VARIABLES = ("PATH", "TMPDIR", "ASAN_OPTIONS", "UBSAN_OPTIONS")
 # Without a configuration i3 starts a wizard that takes the focus.
 I3_CONFIGURATION = """font pango:monospace 8
 focus_follows_mouse no
-focus_on_window_activation focus
+bindsym Mod4+Right focus right
 """
 
 
