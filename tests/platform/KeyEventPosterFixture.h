@@ -8,6 +8,10 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 
+#include <vector>
+
+#include <xcb/xtest.h>
+
 /// A poster, and what other programs get of what it types.
 class KeyEventPosterFixture : public MenuWindowsFixture
 {
@@ -71,6 +75,18 @@ protected:
     {
         user.release(key);
         EXPECT_TRUE(waitFor([&] { return !isDown(key); })) << "key " << int(key) << " sticks";
+    }
+
+    /// Types a chord, as automation tools do.
+    void typeAsAnotherProgram(const std::vector<quint8> &chord)
+    {
+        for (const quint8 key : chord)
+            xcb_test_fake_input(connection->xcb(), XCB_KEY_PRESS, key, XCB_CURRENT_TIME, XCB_NONE,
+                                0, 0, 0);
+        for (auto key = chord.rbegin(); key != chord.rend(); ++key)
+            xcb_test_fake_input(connection->xcb(), XCB_KEY_RELEASE, *key, XCB_CURRENT_TIME,
+                                XCB_NONE, 0, 0, 0);
+        xcb_flush(connection->xcb());
     }
 
     /// Switches a lock. The test session's server copies locks of the outer one, and switches twice
