@@ -65,8 +65,8 @@ X11KeyEventPoster::X11KeyEventPoster(std::unique_ptr<X11Connection> connection,
     connect(&m_releases, &RawInput::happened, this, &X11KeyEventPoster::releaseWithUser);
 }
 
-// The server keeps what was typed by XTEST when its client goes: a key that is not let go here
-// would stay down after the user lets go of it.
+// The device of XTEST outlives its clients: a key that is not let go here would stay down on it
+// after the user lets go, and no program could type that key any more.
 X11KeyEventPoster::~X11KeyEventPoster()
 {
     release(m_pressedAgain);
