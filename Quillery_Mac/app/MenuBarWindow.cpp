@@ -22,9 +22,11 @@ MenuBarWindow::MenuBarWindow(MenuBuilder buildMenu, platform::Desktop &desktop,
     , m_desktop(desktop)
 {
     connect(&windows, &platform::MenuWindows::resigned, this, [this] {
+        // Still shown: nobody closed it, it lost the keyboard.
+        if (isVisible())
+            m_sinceLost.start();
         close();
         setContent(nullptr);
-        m_sinceClosed.start();
     });
 }
 
@@ -41,8 +43,8 @@ void MenuBarWindow::toggle(const QRect &icon)
         close();
         return;
     }
-    const bool isSameClick = m_sinceClosed.isValid() && m_sinceClosed.elapsed() < kOneClick.count();
-    m_sinceClosed.invalidate();
+    const bool isSameClick = m_sinceLost.isValid() && m_sinceLost.elapsed() < kOneClick.count();
+    m_sinceLost.invalidate();
     if (!isSameClick)
         open(icon);
 }

@@ -36,5 +36,5 @@ private:
 
     MenuBuilder m_buildMenu;
     platform::Desktop &m_desktop;
-    QElapsedTimer m_sinceClosed;
+    QElapsedTimer m_sinceLost;
 };

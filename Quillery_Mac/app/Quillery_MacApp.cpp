@@ -75,6 +75,12 @@ Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &d
 Quillery_MacApp::~Quillery_MacApp()
 {
     KeyboardShortcuts::tearDown();
+    // What shows objects of the store goes before the store.
+    monitor.reset();
+    m_menuBarWindow.reset();
+    window.reset();
+    m_scenes.closeWindows();
+    delete funcs.window;
 }
 
 void Quillery_MacApp::start()
@@ -143,8 +149,10 @@ void Quillery_MacApp::openSetupIfFirstLoad()
 
 void Quillery_MacApp::showTrayItem()
 {
-    connect(m_desktop.tray.get(), &platform::TrayItem::activated, m_menuBarWindow.get(),
-            &MenuBarWindow::toggle);
+    connect(m_desktop.tray.get(), &platform::TrayItem::activated, this, [this](const QRect &icon) {
+        window->close();
+        m_menuBarWindow->toggle(icon);
+    });
     connect(&KeyboardShortcuts::notifications(),
             &KeyboardShortcuts::Notifications::shortcutByNameDidChange, this,
             &Quillery_MacApp::updateToolTip);
@@ -167,6 +175,8 @@ void Quillery_MacApp::openPastePanel()
     if (visibleFrame.isNull())
         platform::fatalError(QStringLiteral("there is no screen to show the paste menu on: the "
                                             "number of screens must be at least 1, it is 0"));
+    // The window that had the keyboard before it is the one to paste into.
+    m_menuBarWindow->close();
     window->move(panelOrigin(pointer, visibleFrame));
     window->setContent(buildMenu(true, *window));
     showMenu = true;
@@ -189,13 +199,14 @@ void Quillery_MacApp::observePanelOnce()
 void Quillery_MacApp::addFromSelection()
 {
     m_pasteAction.copySelection();
-    QTimer::singleShot(kSelectionDelay, this, [this] {
+    QTimer::singleShot(kSelectionDelay, Qt::PreciseTimer, this, [this] {
         funcs.openAddSnippetWindow(true, persistenceController.container->viewContext());
     });
 }
 
 void Quillery_MacApp::openMenuBarWindow(const QRect &icon)
 {
+    window->close();
     m_menuBarWindow->open(icon);
 }
 

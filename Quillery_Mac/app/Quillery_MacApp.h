@@ -60,7 +60,7 @@ public:
     /// identifier of a scene, "check-for-updates" or "quit". Others are ignored.
     void performAction(const QString &name);
 
-    // The state of the program, in the order of its documents.
+    // The state of the program, in the order of what depends on what.
     Funcs::OpenWindow openWindow;
     PersistenceController persistenceController;
     Funcs funcs;

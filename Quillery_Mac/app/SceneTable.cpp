@@ -7,6 +7,7 @@
 #include <QLayout>
 
 #include <algorithm>
+#include <utility>
 
 SceneTable::SceneTable(std::vector<Scene> scenes, Activate activate)
     : m_scenes(std::move(scenes))
@@ -23,16 +24,35 @@ void SceneTable::openWindow(const QString &id)
         return;
     }
 
-    QPointer<QWidget> &open = m_openWindows[id];
-    if (scene->kind == Scene::Kind::Group || open.isNull()) {
-        open = scene->build();
-        open->setAttribute(Qt::WA_DeleteOnClose);
-        open->setWindowTitle(scene->title);
-        if (scene->isSizedByContent && open->layout() != nullptr)
-            open->layout()->setSizeConstraint(QLayout::SetFixedSize);
-        centreOnScreen(*open);
-    }
-    m_activate(*open);
+    QWidget *open = scene->kind == Scene::Kind::Single ? openWindowOf(id) : nullptr;
+    m_activate(open != nullptr ? *open : *makeWindow(*scene));
+}
+
+void SceneTable::closeWindows()
+{
+    for (const auto &[id, window] : std::exchange(m_openWindows, {}))
+        delete window;
+}
+
+QWidget *SceneTable::openWindowOf(const QString &id) const
+{
+    const auto [first, last] = m_openWindows.equal_range(id);
+    const auto open =
+        std::find_if(first, last, [](const auto &entry) { return !entry.second.isNull(); });
+    return open == last ? nullptr : open->second.data();
+}
+
+QWidget *SceneTable::makeWindow(const Scene &scene)
+{
+    std::erase_if(m_openWindows, [](const auto &entry) { return entry.second.isNull(); });
+    QWidget *window = scene.build();
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowTitle(scene.title);
+    if (scene.isSizedByContent && window->layout() != nullptr)
+        window->layout()->setSizeConstraint(QLayout::SetFixedSize);
+    centreOnScreen(*window);
+    m_openWindows.emplace(scene.id, window);
+    return window;
 }
 
 QStringList SceneTable::ids() const

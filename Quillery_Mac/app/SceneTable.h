@@ -37,11 +37,17 @@ public:
     /// identifier that is not in the table is ignored.
     void openWindow(const QString &id);
 
+    /// Destroys every window that was opened here and is still there.
+    void closeWindows();
+
     /// The identifiers in the order of the table.
     QStringList ids() const;
 
 private:
+    QWidget *openWindowOf(const QString &id) const;
+    QWidget *makeWindow(const Scene &scene);
+
     std::vector<Scene> m_scenes;
     Activate m_activate;
-    std::map<QString, QPointer<QWidget>> m_openWindows;
+    std::multimap<QString, QPointer<QWidget>> m_openWindows;
 };

@@ -31,13 +31,19 @@ bool FocusKeeper::take(quint32 window)
     return give(window, XCB_INPUT_FOCUS_PARENT);
 }
 
+quint32 FocusKeeper::active() const
+{
+    const std::vector<quint32> window =
+        m_connection.numbers(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
+    return window.empty() ? quint32(XCB_NONE) : window.front();
+}
+
 void FocusKeeper::giveBack()
 {
     if (give(m_window, m_revertTo))
         return;
-    const std::vector<quint32> active =
-        m_connection.numbers(m_connection.root(), m_connection.atom("_NET_ACTIVE_WINDOW"));
-    if (active.empty() || active.front() == XCB_NONE || !give(active.front(), m_revertTo))
+    const quint32 other = active();
+    if (other == XCB_NONE || !give(other, m_revertTo))
         qCInfo(logWindows) << "The window that had the keyboard is gone";
 }
 

@@ -28,6 +28,12 @@ public:
     /// @return false if the server refused, because the window cannot be seen
     bool take(quint32 window);
 
+    /// Remembers that the focus is to go to another window than before.
+    void remember(quint32 window) { m_window = window; }
+
+    /// The window that the window manager calls active; 0 for none.
+    quint32 active() const;
+
     /// Gives the focus back to whoever had it when remember() was called; if that window vanished
     /// meanwhile, to the one that the window manager calls active; else the focus stays.
     void giveBack();

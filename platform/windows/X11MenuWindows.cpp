@@ -4,6 +4,10 @@
 #include "platform/log/Log.h"
 #include "platform/x11/X11Connection.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWindow>
+
 #include <chrono>
 
 namespace platform {
@@ -92,7 +96,12 @@ void X11MenuWindows::present(QWidget &menu)
     show(menu);
     m_isKey = true;
     m_presses.start();
-    take(menu);
+    qApp->installEventFilter(this);
+    m_activeWindow = m_focus.active();
+    watchActiveWindow(true);
+    // A menu that cannot get the keyboard would never hear that it lost it.
+    if (!take(menu))
+        QMetaObject::invokeMethod(this, &X11MenuWindows::resign, Qt::QueuedConnection);
 }
 
 void X11MenuWindows::showPopover(QWidget &popover)
@@ -181,15 +190,45 @@ void X11MenuWindows::describe(QWidget &window)
                                                     XCB_ATOM_ATOM, 32, 1, &type));
 }
 
-void X11MenuWindows::take(QWidget &window)
+bool X11MenuWindows::take(QWidget &window)
 {
-    if (!m_focus.take(idOf(&window)))
+    const bool isTaken = m_focus.take(idOf(&window));
+    if (!isTaken)
         qCWarning(logWindows) << "The server does not give the keyboard to the menu";
+    return isTaken;
+}
+
+void X11MenuWindows::watchActiveWindow(bool isWatched)
+{
+    const quint32 mask = isWatched ? XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+    m_connection->check(xcb_change_window_attributes_checked(
+        m_connection->xcb(), m_connection->root(), XCB_CW_EVENT_MASK, &mask));
+}
+
+void X11MenuWindows::activeWindowChanged()
+{
+    const quint32 active = m_focus.active();
+    if (active == XCB_NONE || active == m_activeWindow)
+        return;
+    if (hasFocus()) {
+        m_focus.remember(active);
+        m_focus.giveBack();
+    }
+    resign();
 }
 
 void X11MenuWindows::handle(const xcb_generic_event_t &event)
 {
-    if (!m_isKey || (event.response_type & 0x7f) != XCB_FOCUS_OUT)
+    if (!m_isKey)
+        return;
+    const int type = event.response_type & 0x7f;
+    if (type == XCB_PROPERTY_NOTIFY &&
+        reinterpret_cast<const xcb_property_notify_event_t &>(event).atom ==
+            m_connection->atom("_NET_ACTIVE_WINDOW")) {
+        activeWindowChanged();
+        return;
+    }
+    if (type != XCB_FOCUS_OUT)
         return;
     if (isCausedByGrab(reinterpret_cast<const xcb_focus_out_event_t &>(event)))
         return;
@@ -198,11 +237,32 @@ void X11MenuWindows::handle(const xcb_generic_event_t &event)
         resign();
 }
 
-// Measured against the windows on the server, not against widget geometry: right at every scale.
-void X11MenuWindows::pressed(quint32 window)
+// Measured against the windows on the server, not against widget geometry: right at every scale. A
+// context menu may have closed before we look; then the press that it got tells, and it comes
+// before or after this one.
+void X11MenuWindows::pressed(quint32 window, quint32 time)
 {
-    if (m_isKey && !isInGroup(window) && !isPopupOfOurs(window))
-        m_pressTimer.start();
+    if (!m_isKey || isInGroup(window) || isPopupOfOurs(window) || time == m_insidePressTime)
+        return;
+    m_pressTime = time;
+    m_pressTimer.start();
+}
+
+bool X11MenuWindows::eventFilter(QObject *receiver, QEvent *event)
+{
+    const auto *window = qobject_cast<QWindow *>(receiver);
+    if (event->type() == QEvent::MouseButtonPress && window != nullptr && isOurs(*window)) {
+        m_insidePressTime = static_cast<QMouseEvent *>(event)->timestamp();
+        if (m_insidePressTime == m_pressTime)
+            m_pressTimer.stop();
+    }
+    return MenuWindows::eventFilter(receiver, event);
+}
+
+bool X11MenuWindows::isOurs(const QWindow &window) const
+{
+    return window.type() == Qt::Popup || window.type() == Qt::ToolTip ||
+           isInGroup(static_cast<quint32>(window.winId()));
 }
 
 void X11MenuWindows::pressSettled()
@@ -228,8 +288,11 @@ void X11MenuWindows::resign()
 {
     m_pressTimer.stop();
     m_presses.stop();
-    if (std::exchange(m_isKey, false))
-        emit resigned();
+    qApp->removeEventFilter(this);
+    if (!std::exchange(m_isKey, false))
+        return;
+    watchActiveWindow(false);
+    emit resigned();
 }
 
 } // namespace platform

@@ -27,6 +27,9 @@ class X11Connection;
 ///    revert the focus, upon which some window managers move it to a window of their own choice.
 /// 2. A press outside is only judged a while later, when the window manager had its chance to move
 ///    the focus. Some do not move it for a click on the window that they believe to be focused.
+/// 3. A window manager that activates another window may fail to take the focus from us: the server
+///    ignores a request that carries an older time than ours (i3 does that). What it calls active
+///    is what the user is to work in, so the menu goes.
 class X11MenuWindows : public MenuWindows
 {
     Q_OBJECT
@@ -45,6 +48,7 @@ public:
     void giveKeyboardTo(QWidget &window) override;
     void dismiss() override;
     bool isKey() const override;
+    bool eventFilter(QObject *receiver, QEvent *event) override;
     bool isComposited() const override;
 
 private:
@@ -54,19 +58,25 @@ private:
     bool hasFocus() const;
     void show(QWidget &window);
     void describe(QWidget &window);
-    void take(QWidget &window);
+    bool take(QWidget &window);
+    void watchActiveWindow(bool isWatched);
+    void activeWindowChanged();
     void handle(const xcb_generic_event_t &event);
-    void pressed(quint32 window);
+    void pressed(quint32 window, quint32 time);
     void pressSettled();
     void hideAll();
     void resign();
+    bool isOurs(const QWindow &window) const;
 
     std::unique_ptr<X11Connection> m_connection;
     FocusKeeper m_focus;
     OutsidePresses m_presses;
     QTimer m_pressTimer;
+    quint64 m_pressTime = 0;       ///< server's, of the press that the timer runs for
+    quint64 m_insidePressTime = 0; ///< server's, of the last press that a window of ours got
     QPointer<QWidget> m_menu;
     QList<QPointer<QWidget>> m_popovers; ///< those shown now
+    quint32 m_activeWindow = 0; ///< the window manager's active window when the menu came up
     bool m_isPresented = false; ///< from present() to dismiss()
     bool m_isKey = false;
 };

@@ -13,6 +13,7 @@
 #include "tests/fakes/FakeDesktopServices.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -275,6 +276,8 @@ TEST_F(EntryTest, aSnippetWithoutContentPastesTheEmptyText)
     QTest::keyClick(menuInPanel(), Qt::Key_Return);
 
     EXPECT_EQ(fakes.pasteboard.text, QByteArray(""));
+    const std::vector writes{FakePasteboard::Write::Cleared, FakePasteboard::Write::StringSet};
+    EXPECT_EQ(fakes.pasteboard.writes, writes);
     EXPECT_EQ(fakes.keyEventPoster.events, kPasteChord);
 }
 
@@ -297,6 +300,37 @@ TEST_F(EntryTest, aPickInTheMenuBarWindowIsPastedByTheApplicationWideObserver)
     EXPECT_EQ(fakes.pasteboard.text, QByteArray("copied"));
     EXPECT_EQ(fakes.keyEventPoster.events, kPasteChord);
     EXPECT_EQ(context.count<Clip>(), 0);
+}
+
+TEST_F(EntryTest, openingTheMenuBarWindowAgainAndAgainStillSendsOneKeystroke)
+{
+    skipSetup();
+    start();
+    for (int time = 0; time < 3; ++time) {
+        app->openMenuBarWindow(QRect());
+        fakes.menuBarWindows.loseKeyboard();
+    }
+    app->openMenuBarWindow(QRect());
+    app->pasteNow = true;
+
+    fakes.menuBarWindows.loseKeyboard();
+
+    EXPECT_EQ(fakes.keyEventPoster.events, kPasteChord);
+}
+
+TEST_F(EntryTest, thePanelAndTheMenuBarWindowAreNeverOpenAtOnce)
+{
+    skipSetup();
+    start();
+
+    app->openMenuBarWindow(QRect());
+    app->openPastePanel();
+    EXPECT_EQ(menuInBarWindow(), nullptr);
+    EXPECT_TRUE(app->window->isVisible());
+
+    app->openMenuBarWindow(QRect());
+    EXPECT_FALSE(app->window->isVisible());
+    EXPECT_NE(menuInBarWindow(), nullptr);
 }
 
 TEST_F(EntryTest, theMenuBarWindowShowsEveryRowAndEndsWithQuit)
@@ -380,6 +414,8 @@ TEST_F(EntryTest, lettingTheAddShortcutGoCopiesTheSelectionAndOpensTheFormLater)
 
     fakes.hotkeys.press(8, 768);
     EXPECT_TRUE(fakes.keyEventPoster.events.empty());
+    QElapsedTimer sinceRelease;
+    sinceRelease.start();
     fakes.hotkeys.release(8, 768);
 
     const std::vector<KeyEvent> copyChord{{8, true, 0x100000}, {8, false, 0}};
@@ -387,6 +423,7 @@ TEST_F(EntryTest, lettingTheAddShortcutGoCopiesTheSelectionAndOpensTheFormLater)
     EXPECT_EQ(windowTitled(QStringLiteral("Add Snippet")), nullptr);
     EXPECT_TRUE(QTest::qWaitFor(
         [] { return windowTitled(QStringLiteral("Add Snippet")) != nullptr; }, 5000));
+    EXPECT_GE(sinceRelease.elapsed(), 500);
 }
 
 TEST_F(EntryTest, theActionsOfTheBusDoWhatTheirNamesSay)
