@@ -6,7 +6,7 @@ import select
 import threading
 import time
 
-from Xlib import X, Xatom, display, error
+from Xlib import X, display, error
 from Xlib.ext import damage
 
 QUIET = 0.15  # seconds without painting after which a change of the screen is over

@@ -17,6 +17,8 @@ from support.targets import GtkTarget
 from support.waiting import stays, wait_until
 
 KILLS = 200 if IS_LONG else 10
+KEPT_OF_FIVE = 3  # clips that the limit of 5 leaves
+WRITING = 0.05  # seconds in which a clip of 4 MB is written
 SHORTCUTS = ("KeyboardShortcuts_contextHotKey", "KeyboardShortcuts_addHotKey")
 
 
@@ -238,28 +240,37 @@ def test_on_a_full_disk_the_program_stays_and_saves_again_when_it_can(desktop, n
 # -- sudden ends ----------------------------------------------------------------------------------
 
 
-def test_what_was_saved_is_there_after_a_kill_at_any_moment(desktop, new_user):
-    chance = random.Random(20)
-    user = new_user(desktop, historySize=9)
-    user.create_stores()
-    for number in range(KILLS):
-        user.start()
-        desktop.copy(f"before kill {number}")
-        moment = chance.uniform(0.0, 1.4)  # a poll is once a second
-        saved = []
+def wait_for_moment(user, chance, is_aimed):
+    """A moment at which to kill: anywhere around a poll, or aimed into the writing of a clip."""
+    if not is_aimed:
+        stays(lambda: True, chance.uniform(0.0, 1.4), "any moment")
+        return
+    log = user.store("clips").with_name("clips.sqlite-wal")
+    size = log.stat().st_size if log.exists() else 0
+    wait_until(lambda: log.exists() and log.stat().st_size != size, START_BOUND, "writing has begun")
+    stays(lambda: True, chance.uniform(0.0, WRITING), "into the writing")
 
-        def note_saved():
-            saved[:] = user.contents()
-            return False
-        try:
-            wait_until(note_saved, moment, "the moment of the kill")
-        except AssertionError:
-            pass
+
+@pytest.mark.parametrize("is_aimed", [False, True], ids=["anywhere", "while-writing"])
+def test_what_was_saved_is_there_after_a_kill_at_any_moment(desktop, new_user, is_aimed):
+    chance = random.Random(20)
+    user = new_user(desktop, historySize=1)
+    user.create_stores()
+    filler = mixed_text(4 << 20)
+    for number in range(KILLS // 2):
+        user.start()
+        before = user.contents()
+        text = b"%d " % number + filler
+        desktop.copy(text)
+        wait_for_moment(user, chance, is_aimed)
+        saved = user.contents()
         user.kill()
 
         assert user.query("clips", "PRAGMA integrity_check") == [(b"ok",)]
         left = user.contents()
-        assert left[-len(saved):] == saved if saved else True
+        recorded = [text, *before][:KEPT_OF_FIVE]
+        assert saved in (before, recorded)
+        assert left == recorded if saved == recorded else left in (before, recorded)
         assert user.positions() == list(range(1, len(left) + 1))
 
 
