@@ -73,8 +73,9 @@ void ObjectWriter::deleteRow(const ManagedObject &object)
     deletion.bind(1, int64_t{object.m_objectId});
     // No row: somebody else deleted it, which is as well.
     if (deletion.executeStep()) {
-        const QString id = QString::fromUtf8(deletion.getColumn(0).getText());
-        m_changes.deleted.push_back({object.m_objectId, id});
+        // Another program may have put any text there; only a UUID is one.
+        const QUuid id = QUuid::fromString(QString::fromUtf8(deletion.getColumn(0).getText()));
+        m_changes.deleted.push_back({object.m_objectId, id.isNull() ? QString() : idText(id)});
         deletion.executeStep();
     }
     deletion.reset();

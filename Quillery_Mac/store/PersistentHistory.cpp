@@ -34,6 +34,9 @@ HistoryChange readChange(const SQLite::Statement &row)
         const QUuid id = QUuid::fromString(text);
         change.ids.push_back(id.isNull() ? std::nullopt : std::optional(id));
     }
+    // Nobody can tell then which id belongs to which object.
+    if (change.ids.size() != change.objects.size())
+        change.ids.assign(change.objects.size(), std::nullopt);
     return change;
 }
 

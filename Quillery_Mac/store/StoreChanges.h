@@ -19,7 +19,7 @@ struct RowChange
 struct RowDeletion
 {
     qint64 objectId = 0;
-    QString id; ///< the UUID text as it stood in the row; empty if it had none
+    QString id; ///< the UUID as idText() writes it; empty if the row had none
 };
 
 /// What one transaction wrote to a store, for the persistent history and for the view context. A

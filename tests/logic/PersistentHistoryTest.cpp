@@ -191,3 +191,43 @@ TEST_F(PersistentHistoryTest, aStoreThatIsNotLoadedHasNoHistory)
     ASSERT_FALSE(current);
     EXPECT_EQ(current.error().kind, platform::Error::Kind::Unavailable);
 }
+
+TEST_F(PersistentHistoryTest, aForeignIdWithCommasDoesNotShiftTheIdsOfOthers)
+{
+    ASSERT_TRUE(history().addConsumer(consumer));
+    const QUuid id = QUuid::createUuid();
+    Snippet *first = addSnippet(QStringLiteral("a"), 1);
+    Snippet *second = addSnippet(QStringLiteral("b"), 2);
+    second->setId(id);
+    ASSERT_TRUE(view().save());
+    execute(snippetsFile(),
+            "UPDATE Snippet SET id = 'x,y,z' WHERE pk = " + std::to_string(first->objectId()));
+    view().deleteObject(*first);
+    view().deleteObject(*second);
+    ASSERT_TRUE(view().save());
+
+    const auto told = after(1);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].changes[0].ids,
+              (std::vector<std::optional<QUuid>>{std::nullopt, std::optional(id)}));
+    EXPECT_EQ(answer(snippetsFile(), "SELECT ids FROM HistoryChange WHERE kind = 3"),
+              "," + id.toString(QUuid::WithoutBraces).toUpper().toStdString());
+}
+
+TEST_F(PersistentHistoryTest, storedIdsThatDoNotFitTheObjectsAreNoIds)
+{
+    ASSERT_TRUE(history().addConsumer(consumer));
+    Snippet *first = addSnippet(QStringLiteral("a"), 1);
+    Snippet *second = addSnippet(QStringLiteral("b"), 2);
+    second->setId(QUuid::createUuid());
+    ASSERT_TRUE(view().save());
+    view().deleteObject(*first);
+    view().deleteObject(*second);
+    ASSERT_TRUE(view().save());
+    execute(snippetsFile(), "UPDATE HistoryChange SET ids = 'x,y' || ids WHERE kind = 3");
+
+    const auto told = after(1);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].changes[0].ids,
+              (std::vector<std::optional<QUuid>>{std::nullopt, std::nullopt}));
+}
