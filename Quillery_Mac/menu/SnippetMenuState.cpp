@@ -46,6 +46,17 @@ void SnippetMenuState::setItems(const std::vector<Snippet *> &items)
     keepSelection();
 }
 
+void SnippetMenuState::searchAgain()
+{
+    if (m_hasEnded || !doSearch.value())
+        return;
+    rebuild();
+    keepSelection();
+    // So far nothing was found that could be highlighted.
+    if (!isSelected.value())
+        highlight(rowAt(0));
+}
+
 std::optional<int> SnippetMenuState::selectedRow() const
 {
     if (!isSelected.value())

@@ -51,6 +51,8 @@ public:
     void shown();
     /// The store's snippets in order. Call it again after every change of them.
     void setItems(const std::vector<Snippet *> &items);
+    /// The matcher has more answers to the search.
+    void searchAgain();
 
     const std::vector<SnippetRow> &rows() const { return m_rows; }
     /// Where the highlighted row stands in rows().

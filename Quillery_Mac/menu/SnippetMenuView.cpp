@@ -3,6 +3,7 @@
 
 #include "Quillery_Mac/menu/Folder.h"
 #include "Quillery_Mac/menu/SnippetButton.h"
+#include "Quillery_Mac/store/SnippetMatcher.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
 #include <QEvent>
@@ -32,6 +33,7 @@ SnippetMenuView::SnippetMenuView(const SnippetMenuLinks &links,
     connect(&m_field, &QLineEdit::textChanged, this,
             [this](const QString &text) { searchText = text; });
     connect(&items, &LiveFetchBase::changed, this, [this] { setItems(items.results()); });
+    connect(&links.matcher, &SnippetMatcher::moreAnswers, this, [this] { searchAgain(); });
     observe();
     setItems(items.results());
     passedSearch = search;

@@ -20,43 +20,38 @@ PreparedTexts::PreparedTexts(const QLocale &locale, std::unordered_map<qint64, q
 {
 }
 
-bool PreparedTexts::begin()
-{
-    const std::lock_guard locked(m_lock);
-    if (m_isCancelled)
-        return false;
-    m_state = State::Folding;
-    return true;
-}
-
 void PreparedTexts::fold(ManagedObjectContext &context)
 {
-    if (!begin())
-        return;
+    // Some milliseconds of folding.
+    constexpr std::size_t kBatch = 512;
     TextFold fold(m_locale);
-    std::vector<Item> items;
-    items.reserve(m_revisions.size());
+    std::vector<Item> batch;
     for (const Snippet *snippet : context.fetch<Snippet>()) {
         if (m_isCancelled)
             break;
         const auto known = m_revisions.find(snippet->objectId());
-        if (known != m_revisions.end())
-            items.push_back({snippet->objectId(), known->second, foldedTexts(fold, *snippet)});
+        if (known == m_revisions.end())
+            continue;
+        batch.push_back({snippet->objectId(), known->second, foldedTexts(fold, *snippet)});
+        if (batch.size() == kBatch)
+            publish(std::exchange(batch, {}));
     }
-    {
-        const std::lock_guard locked(m_lock);
-        m_items = std::move(items);
-        m_state = State::Finished;
-    }
-    m_finished.notify_all();
+    publish(std::move(batch));
+    m_isFinished = true;
 }
 
-std::vector<PreparedTexts::Item> PreparedTexts::take()
+void PreparedTexts::publish(std::vector<Item> batch)
 {
-    std::unique_lock locked(m_lock);
-    if (m_state == State::Waiting)
-        m_isCancelled = true;
-    else
-        m_finished.wait(locked, [this] { return m_state == State::Finished; });
-    return std::exchange(m_items, {});
+    const std::lock_guard locked(m_lock);
+    m_batches.push_back(std::move(batch));
+}
+
+std::optional<std::vector<PreparedTexts::Item>> PreparedTexts::takeBatch()
+{
+    const std::lock_guard locked(m_lock);
+    if (m_batches.empty())
+        return std::nullopt;
+    std::vector<Item> batch = std::move(m_batches.front());
+    m_batches.pop_front();
+    return batch;
 }

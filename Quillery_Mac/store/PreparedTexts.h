@@ -4,7 +4,7 @@
 #include "Quillery_Mac/store/TextFold.h"
 
 #include <atomic>
-#include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <unordered_map>
@@ -17,7 +17,8 @@ class Snippet;
 /// has, so that nothing is found across them.
 QByteArray foldedTexts(TextFold &fold, const Snippet &snippet);
 
-/// Folds the texts of the snippets on the background thread and hands them to the main thread.
+/// Folds the texts of the snippets on the background thread and hands them, batch by batch, to the
+/// main thread, which never waits for it.
 class PreparedTexts
 {
 public:
@@ -38,19 +39,18 @@ public:
 
     /// Ends fold() early. Main thread.
     void cancel() { m_isCancelled = true; }
-    /// What fold() made: waits for its end if it has begun, cancels it if not. Main thread.
-    std::vector<Item> take();
+    /// Whether all batches are made. Ask before taking the last one. Main thread.
+    bool isFinished() const { return m_isFinished; }
+    /// The oldest batch made and not yet taken; none if there is none now. Main thread.
+    std::optional<std::vector<Item>> takeBatch();
 
 private:
-    enum class State { Waiting, Folding, Finished };
-
-    bool begin();
+    void publish(std::vector<Item> batch);
 
     QLocale m_locale;
     std::unordered_map<qint64, quint64> m_revisions;
     std::atomic<bool> m_isCancelled = false;
+    std::atomic<bool> m_isFinished = false;
     std::mutex m_lock;
-    std::condition_variable m_finished;
-    State m_state = State::Waiting;
-    std::vector<Item> m_items;
+    std::deque<std::vector<Item>> m_batches;
 };

@@ -6,13 +6,28 @@
 #include "Quillery_Mac/store/SearchIndex.h"
 #include "Quillery_Mac/store/Snippet.h"
 
+#include <QMetaMethod>
+
 #include <utility>
+
+namespace {
+
+// Leaves the main thread time for everything else between two runs of a search.
+constexpr std::chrono::milliseconds kPause{10};
+
+// Of 512 texts each: taking one over costs some 0.2 ms.
+constexpr int kBatchesPerSearch = 16;
+
+} // namespace
 
 SnippetMatcher::SnippetMatcher(const QLocale &locale)
     : m_locale(locale)
     , m_fold(locale)
     , m_index(std::make_unique<SearchIndex>())
 {
+    m_again.setSingleShot(true);
+    m_again.setInterval(kPause);
+    connect(&m_again, &QTimer::timeout, this, &SnippetMatcher::moreAnswers);
 }
 
 SnippetMatcher::~SnippetMatcher()
@@ -43,6 +58,7 @@ void SnippetMatcher::prepare(PersistentContainer &container)
 void SnippetMatcher::setSearchText(const QString &text)
 {
     m_isSearching = !text.isEmpty();
+    m_foldingSince.invalidate();
     m_index->setText(m_fold.folded(text));
     if (m_isSearching)
         adoptPrepared();
@@ -56,12 +72,32 @@ bool SnippetMatcher::matches(const Snippet &snippet)
     const quint64 revision = snippet.textRevision();
     if (const auto known = m_index->matches(objectId, revision))
         return *known;
+    if (!mayFold()) {
+        m_again.start();
+        return false;
+    }
     m_index->insert(objectId, revision, foldedTexts(m_fold, snippet));
     return m_index->matches(objectId, revision).value_or(false);
 }
 
+bool SnippetMatcher::isListenedTo() const
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&SnippetMatcher::moreAnswers);
+    return isSignalConnected(signal);
+}
+
+bool SnippetMatcher::mayFold()
+{
+    if (!m_foldingSince.isValid()) {
+        m_foldingSince.start();
+        return true;
+    }
+    return m_foldingSince.elapsed() < m_foldingTime.count() || !isListenedTo();
+}
+
 void SnippetMatcher::release()
 {
+    m_again.stop();
     if (m_prepared)
         m_prepared->cancel();
     m_prepared.reset();
@@ -72,6 +108,17 @@ void SnippetMatcher::adoptPrepared()
 {
     if (!m_prepared)
         return;
-    for (PreparedTexts::Item &item : std::exchange(m_prepared, nullptr)->take())
-        m_index->insert(item.objectId, item.revision, std::move(item.folded));
+    const bool isFinished = m_prepared->isFinished();
+    for (int taken = 0; taken < kBatchesPerSearch || !isListenedTo(); ++taken) {
+        auto batch = m_prepared->takeBatch();
+        if (!batch) {
+            if (isFinished)
+                m_prepared.reset();
+            return;
+        }
+        for (PreparedTexts::Item &item : *batch) {
+            if (!m_index->contains(item.objectId, item.revision))
+                m_index->insert(item.objectId, item.revision, std::move(item.folded));
+        }
+    }
 }

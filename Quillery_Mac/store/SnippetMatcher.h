@@ -3,6 +3,11 @@
 
 #include "Quillery_Mac/store/TextFold.h"
 
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
 #include <memory>
 
 class PersistentContainer;
@@ -17,16 +22,25 @@ class Snippet;
 /// Keeps the folded texts of the snippets in memory from the first search on, and brings them up to
 /// date with every change, unsaved ones too. Belongs to a view or lives longer, but not longer than
 /// the container it was prepared with; main thread only.
-class SnippetMatcher
+///
+/// Folding a whole library takes longer than a key press may. So, while somebody listens to
+/// moreAnswers(), a search folds for kFoldingTime only; what is not folded by then does not match
+/// yet, and moreAnswers() asks for the search to be run again. Without a listener every answer is
+/// the final one, however long it takes.
+class SnippetMatcher : public QObject
 {
+    Q_OBJECT
+
 public:
+    static constexpr std::chrono::milliseconds kFoldingTime{6};
+
     explicit SnippetMatcher(const QLocale &locale = QLocale());
-    ~SnippetMatcher();
+    ~SnippetMatcher() override;
     Q_DISABLE_COPY_MOVE(SnippetMatcher)
 
     /// Folds all snippets' texts on the container's private thread, so that the first search does
-    /// not have to: call it when a search field comes up. A search that comes before the end waits
-    /// for it once it has begun, and folds for itself what is missing otherwise.
+    /// not have to: call it when a search field comes up. A search that comes before the end uses
+    /// what is finished.
     void prepare(PersistentContainer &container);
 
     void setSearchText(const QString &text);
@@ -39,12 +53,24 @@ public:
     /// Frees the folded texts; the next search makes them again.
     void release();
 
+    /// How long one search folds; at least one text is folded even so.
+    void setFoldingTime(std::chrono::milliseconds time) { m_foldingTime = time; }
+
+signals:
+    /// Some snippets could not be looked at in time: set the search text and ask again.
+    void moreAnswers();
+
 private:
+    bool isListenedTo() const;
+    bool mayFold();
     void adoptPrepared();
 
     QLocale m_locale;
     TextFold m_fold;
     std::unique_ptr<SearchIndex> m_index;
     std::shared_ptr<PreparedTexts> m_prepared;
+    std::chrono::milliseconds m_foldingTime = kFoldingTime;
+    QElapsedTimer m_foldingSince; ///< invalid until the search has folded a text
+    QTimer m_again;
     bool m_isSearching = false;
 };

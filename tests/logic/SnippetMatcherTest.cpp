@@ -5,6 +5,11 @@
 #include "Quillery_Mac/store/SearchIndex.h"
 #include "tests/logic/StoreTestSupport.h"
 
+#include <QSemaphore>
+#include <QTest>
+
+#include <algorithm>
+
 namespace {
 
 class SnippetMatcherTest : public StoreTest
@@ -131,6 +136,44 @@ TEST_F(SnippetMatcherTest, aSearchDuringThePreparationIsRight)
 
     EXPECT_EQ(found(QStringLiteral("499")), Titles{QStringLiteral("499")});
     EXPECT_EQ(found(QStringLiteral("content")).size(), 500U);
+}
+
+TEST_F(SnippetMatcherTest, aListenedToSearchStopsInTimeAndIsCompletedLater)
+{
+    for (qint16 order = 0; order < 50; ++order)
+        addSnippet(QString::number(order), order, "content");
+    ASSERT_TRUE(view().save());
+    matcher.setFoldingTime(std::chrono::milliseconds(0));
+    std::vector<std::size_t> counts;
+    QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher, [this, &counts] {
+        counts.push_back(found(QStringLiteral("content")).size());
+    });
+
+    EXPECT_EQ(found(QStringLiteral("content")).size(), 1U);
+
+    ASSERT_TRUE(QTest::qWaitFor([&counts] { return !counts.empty() && counts.back() == 50; }));
+    EXPECT_EQ(counts.front(), 2U);
+    EXPECT_TRUE(std::is_sorted(counts.begin(), counts.end()));
+}
+
+TEST_F(SnippetMatcherTest, aSearchDoesNotWaitForTextsThatArePrepared)
+{
+    for (qint16 order = 0; order < 50; ++order)
+        addSnippet(QString::number(order), order, "content");
+    ASSERT_TRUE(view().save());
+    matcher.setFoldingTime(std::chrono::milliseconds(0));
+    std::size_t count = 0;
+    QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher,
+                     [this, &count] { count = found(QStringLiteral("content")).size(); });
+    QSemaphore mayGoOn;
+    container().performBackgroundTask([&](ManagedObjectContext &) { mayGoOn.acquire(); });
+    matcher.prepare(container());
+
+    EXPECT_EQ(found(QStringLiteral("content")).size(), 1U);
+
+    mayGoOn.release();
+    container().waitForBackgroundTasks();
+    ASSERT_TRUE(QTest::qWaitFor([&count] { return count == 50; }));
 }
 
 TEST_F(SnippetMatcherTest, releasedTextsAreMadeAgain)
