@@ -20,8 +20,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(quillery_settings INTERFACE
     -Wduplicated-cond -Wlogical-op -Wuseless-cast
     # GCC 12 reports impossible null paths inside Qt's and the standard library's inline code,
-    # and values inside std::optional that are read before they are set.
-    -Wno-null-dereference -Wno-maybe-uninitialized)
+    # values inside std::optional that are read before they are set, and impossible lengths in
+    # std::string (GCC bugs 105329 and 105651).
+    -Wno-null-dereference -Wno-maybe-uninitialized -Wno-stringop-overflow
+    -Wno-array-bounds -Wno-restrict)
 endif()
 if(QUILLERY_SANITIZE)
   target_compile_options(quillery_settings INTERFACE

@@ -26,13 +26,13 @@ OutsidePresses::OutsidePresses(X11Connection &connection)
 }
 
 // Raw events carry no position: the pointer is asked where it is.
-void OutsidePresses::handle(quint32 button)
+void OutsidePresses::handle(quint32 button, quint32 time)
 {
     if (isWheel(button))
         return;
     const auto pointer = m_connection.reply(
         xcb_query_pointer_reply, xcb_query_pointer(m_connection.xcb(), m_connection.root()));
-    emit pressed(pointer ? pointer->child : quint32(XCB_NONE));
+    emit pressed(pointer ? pointer->child : quint32(XCB_NONE), time);
 }
 
 } // namespace platform

@@ -21,11 +21,12 @@ public:
 
 signals:
     /// A button, not the wheel, went down. `window` is the child of the root window under the
-    /// pointer, 0 if there is none: a window without a frame, or the frame around one.
-    void pressed(quint32 window);
+    /// pointer, 0 if there is none: a window without a frame, or the frame around one. It may be
+    /// another one than the press went to, if that closed at once. `time` is the server's.
+    void pressed(quint32 window, quint32 time);
 
 private:
-    void handle(quint32 button);
+    void handle(quint32 button, quint32 time);
 
     X11Connection &m_connection;
     RawInput m_input;

@@ -38,7 +38,7 @@ private:
 
     QPointer<QWidget> m_menu;
     QList<QPointer<QWidget>> m_popovers; ///< those shown now
-    bool m_isPresented = false; ///< from present() to dismiss()
+    bool m_isPresented = false;          ///< from present() to dismiss()
     bool m_isKey = false;
     bool m_hadFocus = false; ///< since present(): before that there is none to lose
 };

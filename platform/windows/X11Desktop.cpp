@@ -20,14 +20,45 @@ namespace {
 /// ever follows a hot key, a click or a bus action. Extended Window Manager Hints 1.5.
 constexpr quint32 kSourcePager = 2;
 
+std::vector<quint32> childrenOf(X11Connection &connection, const std::vector<quint32> &windows)
+{
+    std::vector<xcb_query_tree_cookie_t> cookies;
+    cookies.reserve(windows.size());
+    for (const quint32 window : windows)
+        cookies.push_back(xcb_query_tree(connection.xcb(), window));
+    std::vector<quint32> all;
+    for (const xcb_query_tree_cookie_t cookie : cookies) {
+        const auto tree = connection.reply(xcb_query_tree_reply, cookie);
+        if (!tree)
+            continue;
+        const xcb_window_t *children = xcb_query_tree_children(tree.get());
+        all.insert(all.end(), children, children + tree->children_len);
+    }
+    return all;
+}
+
+/// Windows that may be bars: those that the window manager lists, and, because i3 leaves docks out
+/// of its list, those that stand on the desktop with or without a frame around them.
+std::vector<quint32> candidates(X11Connection &connection)
+{
+    std::vector<quint32> all =
+        connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
+    const std::vector<quint32> outer = childrenOf(connection, {connection.root()});
+    const std::vector<quint32> inner = childrenOf(connection, outer);
+    all.insert(all.end(), outer.begin(), outer.end());
+    all.insert(all.end(), inner.begin(), inner.end());
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+    return all;
+}
+
 std::vector<Strut> strutsOf(X11Connection &connection)
 {
-    const std::vector<quint32> clients =
-        connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
-    const auto partial = connection.numbersOfAll(clients, connection.atom("_NET_WM_STRUT_PARTIAL"));
-    const auto whole = connection.numbersOfAll(clients, connection.atom("_NET_WM_STRUT"));
+    const std::vector<quint32> windows = candidates(connection);
+    const auto partial = connection.numbersOfAll(windows, connection.atom("_NET_WM_STRUT_PARTIAL"));
+    const auto whole = connection.numbersOfAll(windows, connection.atom("_NET_WM_STRUT"));
     std::vector<Strut> struts;
-    for (std::size_t i = 0; i < clients.size(); ++i) {
+    for (std::size_t i = 0; i < windows.size(); ++i) {
         if (const auto strut = Strut::fromProperty(partial[i].empty() ? whole[i] : partial[i]))
             struts.push_back(*strut);
     }
@@ -111,14 +142,15 @@ void X11Desktop::activate(QWidget &window)
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
-    if (m_connection->windowManager() == XCB_NONE) {
-        window.activateWindow();
-        return;
-    }
     // The window manager reads requests in the order in which the server got them: first the
     // toolkit's request to map, then ours.
     X11Connection::syncToolkit();
     setUserTime(id);
+    if (m_connection->windowManager() == XCB_NONE) {
+        m_connection->check(xcb_set_input_focus_checked(m_connection->xcb(), XCB_INPUT_FOCUS_PARENT,
+                                                        id, XCB_CURRENT_TIME));
+        return;
+    }
     askWindowManager(id);
 }
 

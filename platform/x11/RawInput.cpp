@@ -73,7 +73,7 @@ void RawInput::handle(const xcb_generic_event_t &event)
         return;
     const auto &raw = reinterpret_cast<const xcb_input_raw_button_press_event_t &>(event);
     if (raw.extension == m_opcode && raw.event_type == m_eventType)
-        emit happened(raw.detail);
+        emit happened(raw.detail, raw.time);
 }
 
 } // namespace platform

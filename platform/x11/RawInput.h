@@ -31,7 +31,8 @@ public:
 
 signals:
     /// @param detail the button's number or the key's keycode
-    void happened(quint32 detail);
+    /// @param time   the server's time in milliseconds, the same as in the event that a window gets
+    void happened(quint32 detail, quint32 time);
 
 private:
     void select(quint32 mask);

@@ -125,7 +125,11 @@ TEST_P(MenuWindows, aClickInAContextMenuOfOursKeepsTheKeyboard)
     context.popup((QPointF(620, 500) / ratio).toPoint());
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&context));
 
-    user.clickAt((context.geometry().topLeft() + context.actionGeometry(action).center()) * ratio);
+    const QPoint place =
+        (context.geometry().topLeft() + context.actionGeometry(action).center()) * ratio;
+    user.moveTo(place);
+    ASSERT_TRUE(waitFor([&] { return context.activeAction() == action; }));
+    user.clickAt(place);
 
     EXPECT_TRUE(waitFor([&] { return isTriggered; }));
     EXPECT_FALSE(resignsWithin(kQuiet));

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/pidfd.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr int kStartDeadline = 30000; // milliseconds
+constexpr int kEndDeadline = 2000;    // xfwm4 now and then sleeps over its SIGTERM
 
 [[noreturn]] void become(const QList<QByteArray> &command, int output)
 {
@@ -47,6 +49,8 @@ ChildProcess::~ChildProcess()
 {
     if (m_process > 0) {
         kill(m_process, SIGTERM);
+        if (!endsWithin(kEndDeadline))
+            kill(m_process, SIGKILL);
         waitForEnd();
     }
     close(m_output);
@@ -82,6 +86,15 @@ int ChildProcess::waitForEnd()
     waitpid(m_process, &status, 0);
     m_process = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool ChildProcess::endsWithin(int milliseconds) const
+{
+    const int handle = pidfd_open(m_process, 0);
+    pollfd waited{handle, POLLIN, 0};
+    const bool hasEnded = poll(&waited, 1, milliseconds) == 1;
+    close(handle);
+    return hasEnded;
 }
 
 void ChildProcess::sendSignal(int number) const

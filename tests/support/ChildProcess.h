@@ -31,6 +31,8 @@ public:
     void sendSignal(int number) const;
 
 private:
+    bool endsWithin(int milliseconds) const;
+
     pid_t m_process = -1;
     int m_output = -1;
 };

@@ -73,39 +73,66 @@ void ForeignWindow::focus()
     setFocus(m_window);
 }
 
-// A window manager may keep the focus of a new window back: it is asked for it as bars ask.
+// A window manager may keep the focus of a new window back: it is asked for it as bars ask. It may
+// also give it twice; the second time would come as a surprise to the test.
 bool ForeignWindow::showFocused()
 {
-    const bool hasManager = platform::X11Connection::create()->windowManager() != XCB_NONE;
+    constexpr quint32 kSourcePager = 2;
     map();
-    if (!hasManager)
+    if (platform::X11Connection::create()->windowManager() == XCB_NONE) {
         focus();
-    else if (QTest::qWaitFor([this] { return isManaged(); }, kFocusDeadline))
-        askToActivate();
-    return QTest::qWaitFor([this] { return hasFocus(); }, kFocusDeadline);
+        return hasFocus();
+    }
+    if (!QTest::qWaitFor([this] { return isManaged(); }, kFocusDeadline))
+        return false;
+    tellRoot("_NET_ACTIVE_WINDOW", m_window, kSourcePager);
+    return waitForWindowManager() && QTest::qWaitFor([this] { return hasFocus(); }, kFocusDeadline);
 }
 
 // Window managers mark what they manage (ICCCM 4.1.3.1).
 bool ForeignWindow::isManaged() const
 {
-    const XcbPointer<xcb_get_property_reply_t> state(xcb_get_property_reply(
-        xcb(), xcb_get_property(xcb(), 0, m_window, atom("WM_STATE"), XCB_ATOM_ANY, 0, 1),
-        nullptr));
-    return state && state->type != XCB_ATOM_NONE;
+    return hasProperty(m_window, "WM_STATE");
 }
 
-void ForeignWindow::askToActivate() const
+bool ForeignWindow::hasProperty(xcb_window_t window, const QByteArray &name) const
 {
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = m_window;
-    message.type = atom("_NET_ACTIVE_WINDOW");
-    message.data.data32[0] = 2; // a pager asks
+    const XcbPointer<xcb_get_property_reply_t> property(xcb_get_property_reply(
+        xcb(), xcb_get_property(xcb(), 0, window, atom(name), XCB_ATOM_ANY, 0, 1), nullptr));
+    return property && property->type != XCB_ATOM_NONE;
+}
+
+void ForeignWindow::tellRoot(const QByteArray &message, xcb_window_t about, quint32 argument) const
+{
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = about;
+    event.type = atom(message);
+    event.data.data32[0] = argument;
     xcb_send_event(xcb(), 0, m_screen->root,
                    XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char *>(&message));
+                   reinterpret_cast<const char *>(&event));
     xcb_flush(xcb());
+}
+
+// It answers requests one after the other, and this one also for a window that is never mapped.
+bool ForeignWindow::waitForWindowManager() const
+{
+    const xcb_window_t asked = xcb_generate_id(xcb());
+    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, asked, m_screen->root, 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    tellRoot("_NET_REQUEST_FRAME_EXTENTS", asked, 0);
+    const bool isAnswered =
+        QTest::qWaitFor([&] { return hasProperty(asked, "_NET_FRAME_EXTENTS"); }, kFocusDeadline);
+    xcb_destroy_window(xcb(), asked);
+    return isAnswered;
+}
+
+void ForeignWindow::forgetActiveWindow() const
+{
+    xcb_delete_property(xcb(), m_screen->root, atom("_NET_ACTIVE_WINDOW"));
+    focusedWindow(); // a round trip: it is gone now
 }
 
 xcb_window_t ForeignWindow::focusedWindow() const
@@ -177,6 +204,7 @@ void ForeignWindow::readEvents()
         if (type != XCB_KEY_PRESS && type != XCB_KEY_RELEASE)
             continue;
         const auto &key = reinterpret_cast<const xcb_key_press_event_t &>(*event);
+        m_lastTime = key.time;
         m_keys.push_back({type == XCB_KEY_PRESS, key.detail, key.state});
     }
 }

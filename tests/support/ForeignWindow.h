@@ -47,6 +47,7 @@ public:
     /// The window that has the focus now; 0 and 1 as in the protocol.
     xcb_window_t focusedWindow() const;
     void setFocus(xcb_window_t window) const;
+    bool hasProperty(xcb_window_t window, const QByteArray &name) const;
     bool hasFocus() const { return focusedWindow() == m_window; }
 
     /// What was typed into the window so far.
@@ -54,6 +55,8 @@ public:
     /// Of these, the presses of keys that are no modifiers.
     std::vector<Key> typed();
     void forgetKeys();
+    /// The server's time of the last key, in milliseconds.
+    quint32 lastTime() const { return m_lastTime; }
 
     /// The middle of the window, in pixels of the display.
     QPoint centre() const;
@@ -61,6 +64,8 @@ public:
     /// Sets a property of 32-bit numbers.
     void setNumbers(const QByteArray &property, xcb_atom_t type,
                     const std::vector<quint32> &numbers) const;
+    /// Removes what a window manager that has ended left on the root window.
+    void forgetActiveWindow() const;
     xcb_atom_t atom(const QByteArray &name) const;
 
 private:
@@ -69,11 +74,13 @@ private:
         void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
     };
 
-    void askToActivate() const;
+    void tellRoot(const QByteArray &message, xcb_window_t about, quint32 argument) const;
+    bool waitForWindowManager() const;
     void readEvents();
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     xcb_screen_t *m_screen;
     xcb_window_t m_window;
     std::vector<Key> m_keys;
+    quint32 m_lastTime = 0;
 };

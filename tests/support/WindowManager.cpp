@@ -14,13 +14,14 @@ namespace {
 
 constexpr int kStartDeadline = 30000; // milliseconds
 
-/// Without a configuration i3 starts a wizard that takes the focus.
+/// Without a configuration i3 starts a wizard that takes the focus, and a visible bar.
 QByteArray i3Configuration()
 {
     const QByteArray path = TestSession::current().folder() + "/i3";
     QFile file(QString::fromLocal8Bit(path));
     if (file.open(QFile::WriteOnly))
-        file.write("font pango:monospace 8\nfocus_follows_mouse no\n");
+        file.write("# i3 config file (v4)\nfont pango:monospace 8\nfocus_follows_mouse no\n"
+                   "bar {\n mode invisible\n tray_output none\n}\n");
     return path;
 }
 
@@ -74,6 +75,7 @@ WindowManager::~WindowManager()
         return;
     m_process.reset();
     EXPECT_TRUE(waitForWindowManager(false));
+    ForeignWindow().forgetActiveWindow();
 }
 
 void PrintTo(WindowManager::Kind kind, std::ostream *out)

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "platform/tray/TrayItemFactory.h"
+#include "tests/platform/MenuWindowsFixture.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+/// A bar of the XEmbed kind comes and goes beside the item.
+class TrayItem : public MenuWindowsFixture
+{
+protected:
+    TrayItem()
+    {
+        QPixmap picture(24, 24);
+        picture.fill(Qt::red);
+        item->show(picture, QStringLiteral("Quillery"));
+    }
+
+    std::unique_ptr<ChildProcess> startBar()
+    {
+        auto bar = std::make_unique<ChildProcess>(QList<QByteArray>{
+            "trayer", "--edge", "top", "--align", "right", "--widthtype", "pixel", "--width", "200",
+            "--height", "30", "--SetDockType", "true", "--monitor", "0"});
+        EXPECT_TRUE(waitFor([this] { return item->hasHost(); }));
+        return bar;
+    }
+
+    std::vector<xcb_window_t> childrenOf(xcb_window_t window)
+    {
+        const auto tree =
+            connection->reply(xcb_query_tree_reply, xcb_query_tree(connection->xcb(), window));
+        if (!tree)
+            return {};
+        const xcb_window_t *children = xcb_query_tree_children(tree.get());
+        return {children, children + tree->children_len};
+    }
+
+    /// A window of ours that stands inside one of another program.
+    xcb_window_t iconBelow(xcb_window_t window)
+    {
+        for (const xcb_window_t child : childrenOf(window)) {
+            if (window != connection->root() && connection->isOurs(child) &&
+                !connection->isOurs(window))
+                return child;
+            if (const xcb_window_t icon = iconBelow(child))
+                return icon;
+        }
+        return XCB_NONE;
+    }
+
+    /// A pixel of the display in the icon, once the bar has taken it in.
+    QPoint placeOfIcon()
+    {
+        QPoint place;
+        waitFor([&] {
+            const xcb_window_t icon = iconBelow(connection->root());
+            const auto origin = connection->reply(
+                xcb_translate_coordinates_reply,
+                xcb_translate_coordinates(connection->xcb(), icon, connection->root(), 8, 8));
+            const auto state =
+                connection->reply(xcb_get_window_attributes_reply,
+                                  xcb_get_window_attributes(connection->xcb(), icon));
+            if (!origin || !state || state->map_state != XCB_MAP_STATE_VIEWABLE)
+                return false;
+            place = QPoint(origin->dst_x, origin->dst_y);
+            return true;
+        });
+        return place;
+    }
+
+    std::unique_ptr<platform::TrayItem> item = platform::makeTrayItem();
+    QSignalSpy activated{item.get(), &platform::TrayItem::activated};
+};
+INSTANTIATE_TEST_SUITE_P(On, TrayItem,
+                         ::testing::Values(WindowManager::Kind::Openbox, WindowManager::Kind::I3),
+                         ::testing::PrintToStringParamName());
+
+TEST_P(TrayItem, aClickTellsWhereTheIconIs)
+{
+    const auto bar = startBar();
+    const QPoint place = placeOfIcon();
+
+    user.clickAt(place);
+
+    ASSERT_TRUE(waitFor([this] { return activated.count() == 1; }));
+    const QRect icon = activated.first().constFirst().toRect();
+    EXPECT_TRUE(icon.contains((QPointF(place) / qGuiApp->devicePixelRatio()).toPoint()))
+        << icon.x() << ' ' << icon.y() << ' ' << icon.width() << ' ' << icon.height();
+}
+
+TEST_P(TrayItem, otherButtonsDoNotActivate)
+{
+    const auto bar = startBar();
+    const QPoint place = placeOfIcon();
+
+    user.clickAt(place, 3);
+    user.clickAt(place, 2);
+    user.clickAt(place, 1);
+
+    ASSERT_TRUE(waitFor([this] { return activated.count() > 0; }));
+    EXPECT_EQ(activated.count(), 1);
+}
+
+TEST_P(TrayItem, theBarMayComeAndGo)
+{
+    EXPECT_FALSE(item->hasHost());
+    auto bar = startBar();
+    ASSERT_NE(placeOfIcon(), QPoint());
+    bar.reset();
+    ASSERT_TRUE(waitFor([this] { return !item->hasHost(); }));
+
+    bar = startBar();
+    user.clickAt(placeOfIcon());
+
+    EXPECT_TRUE(waitFor([this] { return activated.count() == 1; }));
+}
+
+} // namespace
