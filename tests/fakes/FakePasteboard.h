@@ -50,7 +50,7 @@ public:
     qint64 count = 40;              ///< grows by one per copy, whoever made it
     std::optional<QByteArray> text; ///< what string() answers
     std::optional<QByteArray> primary;
-    int adoptions = 0; ///< calls of adoptPrimary()
+    int adoptions = 0;         ///< calls of adoptPrimary()
     std::vector<Write> writes; ///< every call that wrote, in order
     bool isRefusing = false;   ///< setString() fails from now on
 

@@ -6,8 +6,8 @@
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/pidfd.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -90,7 +90,7 @@ int ChildProcess::waitForEnd()
 
 bool ChildProcess::endsWithin(int milliseconds) const
 {
-    const int handle = pidfd_open(m_process, 0);
+    const int handle = static_cast<int>(syscall(SYS_pidfd_open, m_process, 0));
     pollfd waited{handle, POLLIN, 0};
     const bool hasEnded = poll(&waited, 1, milliseconds) == 1;
     close(handle);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QTimer>
 
 #include <memory>
 
@@ -47,8 +48,12 @@ private:
         void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
     };
 
+    xcb_window_t innerServer() const;
+    void nudge();
     void fake(quint8 type, quint8 detail, QPoint point = {});
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     xcb_window_t m_root = XCB_NONE;
+    xcb_window_t m_innerServer = XCB_NONE;
+    QTimer m_nudging;
 };
