@@ -37,7 +37,7 @@ QByteArray classAbove(X11Connection &connection, quint32 window)
 {
     for (int depth = 0; depth < kMaxDepth && window != XCB_NONE && window != connection.root();
          ++depth) {
-        const QByteArray name = classOn(connection, window);
+        QByteArray name = classOn(connection, window);
         if (!name.isEmpty())
             return name;
         const auto tree =
@@ -71,7 +71,7 @@ std::optional<quint32> windowForKeys(X11Connection &connection)
 
 QByteArray windowClassOf(X11Connection &connection, quint32 window)
 {
-    const QByteArray above = classAbove(connection, window);
+    QByteArray above = classAbove(connection, window);
     if (!above.isEmpty())
         return above;
     const std::vector<quint32> active =
