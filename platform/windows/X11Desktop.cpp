@@ -37,14 +37,31 @@ std::vector<quint32> childrenOf(X11Connection &connection, const std::vector<qui
     return all;
 }
 
+/// Those of the windows that are shown. Hidden bars keep their struts on themselves.
+std::vector<quint32> shownOf(X11Connection &connection, const std::vector<quint32> &windows)
+{
+    std::vector<xcb_get_window_attributes_cookie_t> cookies;
+    cookies.reserve(windows.size());
+    for (const quint32 window : windows)
+        cookies.push_back(xcb_get_window_attributes(connection.xcb(), window));
+    std::vector<quint32> shown;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        const auto answer = connection.reply(xcb_get_window_attributes_reply, cookies[i]);
+        if (answer && answer->map_state == XCB_MAP_STATE_VIEWABLE)
+            shown.push_back(windows[i]);
+    }
+    return shown;
+}
+
 /// Windows that may be bars: those that the window manager lists, and, because i3 leaves docks out
 /// of its list, those that stand on the desktop with or without a frame around them.
 std::vector<quint32> candidates(X11Connection &connection)
 {
     std::vector<quint32> all =
         connection.numbers(connection.root(), connection.atom("_NET_CLIENT_LIST"));
-    const std::vector<quint32> outer = childrenOf(connection, {connection.root()});
-    const std::vector<quint32> inner = childrenOf(connection, outer);
+    const std::vector<quint32> outer =
+        shownOf(connection, childrenOf(connection, {connection.root()}));
+    const std::vector<quint32> inner = shownOf(connection, childrenOf(connection, outer));
     all.insert(all.end(), outer.begin(), outer.end());
     all.insert(all.end(), inner.begin(), inner.end());
     std::sort(all.begin(), all.end());

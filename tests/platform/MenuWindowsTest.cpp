@@ -120,6 +120,7 @@ TEST_P(MenuWindows, aClickInAContextMenuOfOursKeepsTheKeyboard)
     QMenu context;
     QAction *const action = context.addAction(QStringLiteral("Paste"));
     bool isTriggered = false;
+    int moves = 0;
     QObject::connect(action, &QAction::triggered, action, [&] { isTriggered = true; });
     const qreal ratio = menu.devicePixelRatio();
     context.popup((QPointF(620, 500) / ratio).toPoint());
@@ -127,8 +128,12 @@ TEST_P(MenuWindows, aClickInAContextMenuOfOursKeepsTheKeyboard)
 
     const QPoint place =
         (context.geometry().topLeft() + context.actionGeometry(action).center()) * ratio;
-    user.moveTo(place);
-    ASSERT_TRUE(waitFor([&] { return context.activeAction() == action; }));
+    // The toolkit's menus take no notice of the first move after they open.
+    user.moveTo(place - QPoint(2, 2));
+    ASSERT_TRUE(waitFor([&] {
+        user.moveTo(place + QPoint(++moves % 2, 0));
+        return context.activeAction() == action;
+    }));
     user.clickAt(place);
 
     EXPECT_TRUE(waitFor([&] { return isTriggered; }));
