@@ -35,7 +35,9 @@ def cell(samples):
 
 
 def ratio(ours, theirs):
-    return f"{percentile(ours, 0.95) / percentile(theirs, 0.95):.2f}" if theirs else ""
+    if not theirs or percentile(theirs, 0.95) == 0:
+        return ""
+    return f"{percentile(ours, 0.95) / percentile(theirs, 0.95):.2f}"
 
 
 def table(results):

@@ -5,10 +5,11 @@ import pathlib
 
 from support.desktop import START_BOUND
 from support.quillery import Quillery
-from support.waiting import wait_until
+from support.waiting import NotReached, wait_until
 
 SUMMON = "shift+super+v"
 SMALLEST_MENU = 100  # pixels wide; what is smaller is a tray icon
+FOCUS_BOUND = 1.0  # seconds
 POINTER = (200, 150)  # where menus are summoned; clear of the paste target
 
 COPYQ_SETTINGS = """[Options]
@@ -25,8 +26,8 @@ restore_geometry=true
 """
 
 COPYQ_COMMANDS = """[Commands]
-1\\Name=Show or hide
-1\\Command=copyq: toggle()
+1\\Name=Show
+1\\Command=copyq: show()
 1\\IsGlobalShortcut=true
 1\\GlobalShortcut=meta+shift+v
 size=1
@@ -155,6 +156,17 @@ class CopyqSubject(Subject):
 
     def launch(self):
         self.process = self.desktop.start(["copyq"], extra_env=self._env)
+
+    def wait_menu(self):
+        """Its window is an ordinary one, which does not always get the keyboard by itself."""
+        menu = wait_until(self.menus, START_BOUND, "the window of CopyQ is shown")[0]
+        has_focus = lambda: self.desktop.server.has_focus(menu.id)
+        try:
+            wait_until(has_focus, FOCUS_BOUND, "CopyQ has the keyboard")
+        except NotReached:
+            self.desktop.click(*menu.centre)
+            wait_until(has_focus, START_BOUND, "CopyQ has the keyboard after a click")
+        return menu
 
     def start(self):
         super().start()
