@@ -21,7 +21,7 @@ std::vector<Scene> makeScenes(const SceneBuilders &build)
         {SceneId::kWelcome, tr("Welcome to Quillery!"), Scene::Kind::Single, false, build.welcome},
         {SceneId::kAddSnippet, tr("Add Snippet"), Scene::Kind::Group, true, addSnippet(false)},
         {SceneId::kAddSnippetCopy, tr("Add Snippet"), Scene::Kind::Group, true, addSnippet(true)},
-        {SceneId::kLibrary, tr("Quillery"), Scene::Kind::Single, false, build.library},
+        {SceneId::kLibrary, tr("Quillery"), Scene::Kind::Single, false, build.snippetLibrary},
         {SceneId::kSettings, tr("Quillery Settings"), Scene::Kind::Single, true, build.settings},
     };
 }

@@ -19,7 +19,7 @@ struct SceneBuilders
 {
     std::function<QWidget *()> welcome;
     std::function<QWidget *(bool copy)> addSnippet;
-    std::function<QWidget *()> library;
+    std::function<QWidget *()> snippetLibrary;
     std::function<QWidget *()> settings;
 };
 
