@@ -57,7 +57,7 @@ SelectionConnection::SelectionConnection(xcb_connection_t *connection, int scree
                          kPropertyHeaderBytes)
     , m_notifier(xcb_get_file_descriptor(connection), QSocketNotifier::Read)
 {
-    createWindow();
+    m_window = makeWindow();
     connect(&m_notifier, &QSocketNotifier::activated, this, &SelectionConnection::drain);
 }
 
@@ -72,13 +72,14 @@ bool SelectionConnection::startXfixes()
     return version != nullptr;
 }
 
-void SelectionConnection::createWindow()
+xcb_window_t SelectionConnection::makeWindow()
 {
-    m_window = xcb_generate_id(xcb());
+    const xcb_window_t window = xcb_generate_id(xcb());
     const quint32 values[] = {1, XCB_EVENT_MASK_PROPERTY_CHANGE};
-    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, m_window, m_root, -1, -1, 1, 1, 0,
+    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, window, m_root, -1, -1, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT,
                       XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
+    return window;
 }
 
 bool SelectionConnection::isSameClient(xcb_window_t one, xcb_window_t other) const

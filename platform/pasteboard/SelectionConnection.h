@@ -37,6 +37,8 @@ public:
     xcb_connection_t *xcb() const { return m_connection.get(); }
     xcb_window_t window() const { return m_window; }
     xcb_window_t root() const { return m_root; }
+    /// Makes another window like window(), whose properties' changes are received too.
+    xcb_window_t makeWindow();
     const SelectionAtoms &atoms() const { return m_atoms; }
     /// The type of xcb_xfixes_selection_notify_event_t on this connection.
     int selectionNotifyType() const { return m_selectionNotifyType; }
@@ -85,7 +87,6 @@ private:
     SelectionConnection(xcb_connection_t *connection, int screenNumber);
 
     bool startXfixes();
-    void createWindow();
     void drain();
     void queueDrain();
     bool deliverEvent(xcb_generic_event_t *event);

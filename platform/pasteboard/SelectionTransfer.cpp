@@ -20,14 +20,17 @@ SelectionTransfer::SelectionTransfer(SelectionConnection &connection, xcb_atom_t
     , m_selection(selection)
     , m_handlers(std::move(handlers))
 {
+    for (xcb_window_t &window : m_windows)
+        window = m_connection.makeWindow();
 }
 
 void SelectionTransfer::start(xcb_atom_t target, xcb_timestamp_t time)
 {
     cancel();
     const auto &properties = m_connection.atoms().transfersOf(m_selection);
-    m_propertyIndex = (m_propertyIndex + 1) % properties.size();
-    m_property = properties.at(m_propertyIndex);
+    m_index = (m_index + 1) % m_windows.size();
+    m_window = m_windows.at(m_index);
+    m_property = properties.at(m_index);
     m_target = target;
     m_time = time;
     m_offset = 0;
@@ -36,9 +39,8 @@ void SelectionTransfer::start(xcb_atom_t target, xcb_timestamp_t time)
     m_isOwnerGone = false;
     m_state = State::AwaitingAnswer;
     // What an abandoned transfer may have left there must not pass for the answer.
-    xcb_delete_property(m_connection.xcb(), m_connection.window(), m_property);
-    xcb_convert_selection(m_connection.xcb(), m_connection.window(), m_selection, target,
-                          m_property, time);
+    xcb_delete_property(m_connection.xcb(), m_window, m_property);
+    xcb_convert_selection(m_connection.xcb(), m_window, m_selection, target, m_property, time);
     m_connection.flush();
 }
 
@@ -47,7 +49,7 @@ void SelectionTransfer::cancel()
     ++m_generation;
     if (std::exchange(m_state, State::Idle) == State::Idle)
         return;
-    xcb_delete_property(m_connection.xcb(), m_connection.window(), m_property);
+    xcb_delete_property(m_connection.xcb(), m_window, m_property);
     m_connection.flush();
     m_leftovers = kMaxLeftovers;
 }
@@ -61,7 +63,8 @@ void SelectionTransfer::ownerVanished()
 
 void SelectionTransfer::handle(const xcb_selection_notify_event_t &event)
 {
-    if (m_state != State::AwaitingAnswer || event.selection != m_selection)
+    if (m_state != State::AwaitingAnswer || event.selection != m_selection ||
+        event.requestor != m_window)
         return;
     if (event.property == m_property) {
         m_handlers.progressed();
@@ -77,10 +80,11 @@ void SelectionTransfer::handle(const xcb_selection_notify_event_t &event)
 
 void SelectionTransfer::handle(const xcb_property_notify_event_t &event)
 {
-    if (event.window != m_connection.window() || event.state != XCB_PROPERTY_NEW_VALUE)
+    if (event.state != XCB_PROPERTY_NEW_VALUE)
         return;
-    if (event.atom != m_property || m_state == State::Idle) {
-        discardLeftover(event.atom);
+    const bool isOurs = event.window == m_window && event.atom == m_property;
+    if (!isOurs || m_state == State::Idle) {
+        discardLeftover(event);
     } else if (m_state == State::AwaitingIncrement) {
         fetch();
     } else if (m_state == State::Reading) {
@@ -93,9 +97,8 @@ void SelectionTransfer::fetch()
 {
     m_state = State::Reading;
     // The server deletes the property with its last slice, which asks for the next increment.
-    const xcb_get_property_cookie_t cookie =
-        xcb_get_property(m_connection.xcb(), 1, m_connection.window(), m_property, XCB_ATOM_ANY,
-                         m_offset / 4, kSliceBytes / 4);
+    const xcb_get_property_cookie_t cookie = xcb_get_property(
+        m_connection.xcb(), 1, m_window, m_property, XCB_ATOM_ANY, m_offset / 4, kSliceBytes / 4);
     m_connection.whenReplied(
         cookie, [this, generation = m_generation](const xcb_get_property_reply_t *reply) {
             if (generation == m_generation)
@@ -151,13 +154,13 @@ void SelectionTransfer::awaitIncrement()
         finish(Outcome::Refused);
 }
 
-void SelectionTransfer::discardLeftover(xcb_atom_t property)
+void SelectionTransfer::discardLeftover(const xcb_property_notify_event_t &event)
 {
-    const auto &ours = m_connection.atoms().transfersOf(m_selection);
-    if (std::find(ours.begin(), ours.end(), property) == ours.end() || m_leftovers == 0)
+    const auto window = std::find(m_windows.begin(), m_windows.end(), event.window);
+    if (window == m_windows.end() || m_leftovers == 0)
         return;
     --m_leftovers;
-    xcb_delete_property(m_connection.xcb(), m_connection.window(), property);
+    xcb_delete_property(m_connection.xcb(), event.window, event.atom);
     m_connection.flush();
 }
 

@@ -5,7 +5,9 @@
 
 #include <QByteArrayView>
 
+#include <array>
 #include <functional>
+#include <tuple>
 
 namespace platform {
 
@@ -13,6 +15,11 @@ namespace platform {
 ///
 /// Knows no deadline: it waits, without cost, until the owner answers or it is cancelled. Used for
 /// any number of transfers, one after the other. ICCCM sections 2.4 and 2.7.2.
+///
+/// Each transfer has a window of its own: there are owners (xclip among them) that take the
+/// deletion of any property of the requestor's window for the cue to send their next increment, so
+/// that the last increments of a transfer that was given up would make the next owner leave some
+/// out.
 class SelectionTransfer
 {
 public:
@@ -65,7 +72,7 @@ private:
     void take(const xcb_get_property_reply_t *reply);
     void sliceTaken(quint32 bytes, quint32 bytesLeft);
     void awaitIncrement();
-    void discardLeftover(xcb_atom_t property);
+    void discardLeftover(const xcb_property_notify_event_t &event);
     void finish(Outcome outcome);
 
     SelectionConnection &m_connection;
@@ -74,9 +81,11 @@ private:
     State m_state = State::Idle;
     xcb_atom_t m_target = XCB_NONE;
     xcb_timestamp_t m_time = 0;
-    std::size_t m_propertyIndex = 0;
-    xcb_atom_t m_property = XCB_NONE;
-    quint32 m_offset = 0; ///< bytes of the present property that were read
+    std::array<xcb_window_t, std::tuple_size_v<SelectionAtoms::TransferProperties>> m_windows{};
+    std::size_t m_index = 0;          ///< of the present window and property
+    xcb_window_t m_window = XCB_NONE; ///< that asks
+    xcb_atom_t m_property = XCB_NONE; ///< where the answer is put
+    quint32 m_offset = 0;             ///< bytes of the present property that were read
     bool m_isIncremental = false;
     bool m_isIncrementDue = false;
     bool m_isOwnerGone = false;

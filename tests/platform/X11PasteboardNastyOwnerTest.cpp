@@ -127,6 +127,30 @@ TEST_F(X11PasteboardNastyOwner, oneThatTakesOverAgainWhileBeingReadIsReadAnew)
     EXPECT_EQ(pasteboard->changeCount(), before + 1);
 }
 
+// An owner may take the deletion of any property of the requestor's window for its cue.
+TEST_F(X11PasteboardNastyOwner, theNextOwnerIsAskedFromAnotherWindowThanOneThatIsGivenUp)
+{
+    answerTextWith([this](const Request &request) {
+        kept.push_back(request);
+        peer.announceIncrements(request, 100);
+    });
+    ASSERT_TRUE(waitFor([&] { return kept.size() == 1; }));
+
+    SelectionPeer next(display.name());
+    next.offerText("next");
+    std::vector<xcb_window_t> requestors;
+    next.intercept = [&](const Request &request, const QByteArray &) {
+        requestors.push_back(request.requestor);
+        return false;
+    };
+    next.own("CLIPBOARD");
+
+    ASSERT_TRUE(waitForString("next"));
+    EXPECT_FALSE(requestors.empty());
+    for (const xcb_window_t requestor : requestors)
+        EXPECT_NE(requestor, kept[0].requestor);
+}
+
 TEST_F(X11PasteboardNastyOwner, oneThatDiesBeforeItAnswersIsACopyWithoutText)
 {
     keepSilentAbout("UTF8_STRING");
