@@ -3,6 +3,8 @@
 
 #include "Quillery_Mac/app/WindowPlacement.h"
 
+#include <utility>
+
 Funcs::Funcs(BuildAddSnippet buildAddSnippet, Activate activate, QObject *parent)
     : QObject(parent)
     , m_buildAddSnippet(std::move(buildAddSnippet))
@@ -17,5 +19,13 @@ void Funcs::openAddSnippetWindow(bool copy, ManagedObjectContext &context)
     view->setWindowTitle(tr("Add Snippet"));
     centreOnScreen(*view);
     window = view;
+    std::erase_if(m_windows, [](const QPointer<QWidget> &opened) { return opened.isNull(); });
+    m_windows.emplace_back(view);
     m_activate(*view);
+}
+
+void Funcs::closeWindows()
+{
+    for (const QPointer<QWidget> &opened : std::exchange(m_windows, {}))
+        delete opened;
 }

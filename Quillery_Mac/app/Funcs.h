@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <vector>
 
 class ManagedObjectContext;
 
@@ -31,6 +32,9 @@ public:
     /// it is closed.
     void openAddSnippetWindow(bool copy, ManagedObjectContext &context);
 
+    /// Destroys every window that was opened here and is still there.
+    void closeWindows();
+
     OpenWindow openWindow;
     /// The window that openAddSnippetWindow() opened last, while it exists.
     QPointer<QWidget> window;
@@ -38,4 +42,5 @@ public:
 private:
     BuildAddSnippet m_buildAddSnippet;
     Activate m_activate;
+    std::vector<QPointer<QWidget>> m_windows;
 };

@@ -80,7 +80,8 @@ Quillery_MacApp::~Quillery_MacApp()
     m_menuBarWindow.reset();
     window.reset();
     m_scenes.closeWindows();
-    delete funcs.window;
+    funcs.closeWindows();
+    delete m_setup;
 }
 
 void Quillery_MacApp::start()
@@ -140,11 +141,11 @@ void Quillery_MacApp::openSetupIfFirstLoad()
 {
     if (!firstLoad.value())
         return;
-    QWidget *setup = buildEmptyWindow();
-    setup->setAttribute(Qt::WA_DeleteOnClose);
-    setup->setWindowTitle(tr("Quillery Setup"));
-    centreOnScreen(*setup);
-    activate(*setup);
+    m_setup = buildEmptyWindow();
+    m_setup->setAttribute(Qt::WA_DeleteOnClose);
+    m_setup->setWindowTitle(tr("Quillery Setup"));
+    centreOnScreen(*m_setup);
+    activate(*m_setup);
 }
 
 void Quillery_MacApp::showTrayItem()

@@ -13,6 +13,7 @@
 #include "platform/defaults/DefaultsCell.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QProperty>
 #include <QTimer>
 
@@ -104,6 +105,7 @@ private:
     FieldPasting m_fieldPasting;
     PasteAction m_pasteAction;
     SceneTable m_scenes;
+    QPointer<QWidget> m_setup;
     SnippetMatcher m_matcher;
     QTimer m_searchRest;
     std::unique_ptr<MenuBarWindow> m_menuBarWindow;

@@ -48,6 +48,7 @@ QWidget *SceneTable::makeWindow(const Scene &scene)
     QWidget *window = scene.build();
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowTitle(scene.title);
+    window->setAcceptDrops(scene.acceptsPlainText);
     if (scene.isSizedByContent && window->layout() != nullptr)
         window->layout()->setSizeConstraint(QLayout::SetFixedSize);
     centreOnScreen(*window);

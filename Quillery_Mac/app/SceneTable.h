@@ -21,7 +21,11 @@ struct Scene
     QString title;
     Kind kind = Kind::Single;
     bool isSizedByContent = false;
-    std::function<QWidget *()> build; ///< a new content widget without parent; never null
+    /// The content begins at the window's upper edge. Here every frame is the window manager's, and
+    /// keeps its title; so the content just has no head line of its own.
+    bool hasHiddenTitleBar = false;
+    bool acceptsPlainText = false; ///< text from other programs may be dropped on the content
+    std::function<QWidget *()> build = {}; ///< a new content widget without parent; never null
 };
 
 /// The one table of the program's windows. Owned by the entry type, main thread only.

@@ -18,11 +18,26 @@ std::vector<Scene> makeScenes(const SceneBuilders &build)
         return [build, copy] { return build(copy); };
     };
     return {
-        {SceneId::kWelcome, tr("Welcome to Quillery!"), Scene::Kind::Single, false, build.welcome},
-        {SceneId::kAddSnippet, tr("Add Snippet"), Scene::Kind::Group, true, addSnippet(false)},
-        {SceneId::kAddSnippetCopy, tr("Add Snippet"), Scene::Kind::Group, true, addSnippet(true)},
-        {SceneId::kLibrary, tr("Quillery"), Scene::Kind::Single, false, build.snippetLibrary},
-        {SceneId::kSettings, tr("Quillery Settings"), Scene::Kind::Single, true, build.settings},
+        {.id = SceneId::kWelcome, .title = tr("Welcome to Quillery!"), .build = build.welcome},
+        {.id = SceneId::kAddSnippet,
+         .title = tr("Add Snippet"),
+         .kind = Scene::Kind::Group,
+         .isSizedByContent = true,
+         .build = addSnippet(false)},
+        {.id = SceneId::kAddSnippetCopy,
+         .title = tr("Add Snippet"),
+         .kind = Scene::Kind::Group,
+         .isSizedByContent = true,
+         .build = addSnippet(true)},
+        {.id = SceneId::kLibrary,
+         .title = tr("Quillery"),
+         .hasHiddenTitleBar = true,
+         .acceptsPlainText = true,
+         .build = build.snippetLibrary},
+        {.id = SceneId::kSettings,
+         .title = tr("Quillery Settings"),
+         .isSizedByContent = true,
+         .build = build.settings},
     };
 }
 

@@ -23,7 +23,9 @@ struct SceneBuilders
     std::function<QWidget *()> settings;
 };
 
-/// The scenes in their order of declaration.
+/// The scenes in their order of declaration. The menu-bar window is not among them: it has no
+/// identifier, and the tray icon opens it. Nor is there a settings scene without identifier: the
+/// one entry of the desktop's menus for the settings is the "settings" scene.
 std::vector<Scene> makeScenes(const SceneBuilders &build);
 
 /// A window that has a title and nothing else yet.

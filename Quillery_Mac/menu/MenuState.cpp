@@ -109,10 +109,12 @@ void MenuState::setOptions(const QStringList &words)
         currentActive = std::nullopt;
     if (isGone(optionWords::kClear))
         clearAlert = false;
-    OptionFlags popovers = showPopover.value();
-    if (popovers.removeIf(
-            [&isGone](const OptionFlags::iterator &flag) { return isGone(flag.key()); }) > 0)
-        showPopover = popovers;
+    for (QProperty<OptionFlags> *flags : {&showPopover, &hoverOver}) {
+        OptionFlags kept = flags->value();
+        if (kept.removeIf(
+                [&isGone](const OptionFlags::iterator &flag) { return isGone(flag.key()); }) > 0)
+            flags->setValue(kept);
+    }
 }
 
 bool MenuState::isHighlighted(const QString &word) const

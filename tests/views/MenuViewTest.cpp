@@ -110,6 +110,7 @@ TEST_F(MenuViewTest, switchingTheHistoryOffWhileOpenTakesItsRowsAway)
     EXPECT_TRUE(eventually([this, before] { return bench.panel.height() < before; }));
     setHistory(true);
     EXPECT_EQ(bench.menu->options.value().front(), kHistory);
+    EXPECT_FALSE(bench.menu->isHighlighted(kHistory));
     EXPECT_TRUE(eventually([this, before] { return bench.panel.height() == before; }));
 }
 
