@@ -17,6 +17,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <future>
 #include <random>
 
@@ -328,6 +329,43 @@ void longText(benchmark::State &state)
     report(state, "main_delete", deleted);
 }
 BENCHMARK(longText)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// Saves of the main thread while texts of 50 MB are being recorded and written back: how long the
+// calls keep it. Saves that were put off are counted.
+void saveDuringLongText(benchmark::State &state)
+{
+    const QByteArray text(kLongText, 'x');
+    const Stores stores;
+    fillHistory(stores);
+    auto *snippet = stores.view().insert<Snippet>();
+    static_cast<void>(stores.view().save());
+    std::vector<double> save;
+    double putOff = 0;
+    for (auto step : state) {
+        std::atomic<bool> isDone = false;
+        for (int copy = 0; copy < 3; ++copy) {
+            stores.container().performBackgroundTask(
+                [text](ManagedObjectContext &context) { record(context, text); });
+        }
+        stores.container().performBackgroundTask(
+            [&isDone](ManagedObjectContext &) { isDone = true; });
+        while (!isDone) {
+            stores.view().fetch<Clip>().back()->setDevice(QString::number(save.size()));
+            snippet->setExpanded(!snippet->expanded());
+            QElapsedTimer timer;
+            timer.start();
+            const auto saved = stores.view().save();
+            save.push_back(milliseconds(timer));
+            putOff += saved && *saved == Saved::Later ? 1 : 0;
+            QCoreApplication::processEvents();
+        }
+        stores.container().waitForBackgroundTasks();
+    }
+    report(state, "main_save", save);
+    state.counters["saves"] = static_cast<double>(save.size());
+    state.counters["saves_put_off"] = putOff;
+}
+BENCHMARK(saveDuringLongText)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 // Many copies in a row: memory and files stay as they are.
 void recordManyClips(benchmark::State &state)

@@ -31,6 +31,10 @@ struct ObjectChanges
     bool concerns(const Entity &entity) const;
 };
 
+/// What became of a save: the changes are in the files, or will be as soon as another write that is
+/// under way is over.
+enum class Saved { Now, Later };
+
 /// A scratch pad over the stores: unique objects, changes that stay here until save(). Made by the
 /// PersistentContainer; used on one thread only (the view context on the main thread, others inside
 /// their background task).
@@ -79,9 +83,15 @@ public:
     /// Writes what changed, one transaction per store, only the attributes that changed. Where
     /// another context changed the same attribute meanwhile, ours stays; an object that was deleted
     /// meanwhile stays deleted, which is no error.
+    ///
+    /// The view context does not keep the main thread waiting for a long write of another context:
+    /// it answers Saved::Later, the objects stay changed, and the container saves them, with what
+    /// has changed since, when that write is over; didSave() or putOffSaveFailed() tells. A
+    /// background context waits and always answers Saved::Now.
     /// Errors: Unavailable if a changed object's store is not loaded, Io if the file cannot be
-    /// written. What was not written stays changed, and a later save writes it.
-    platform::Result<void> save();
+    /// written, TimedOut if another program keeps it locked. What was not written stays changed,
+    /// and a later save writes it.
+    platform::Result<Saved> save();
     bool hasChanges() const;
 
     /// Whose changes these are, for the persistent history; empty for the program itself.
@@ -96,6 +106,10 @@ signals:
     void objectsDidChange(const ObjectChanges &changes);
     /// A save of this context, or one that was merged into it, is in the file of the store.
     void didSave(StoreKind kind);
+    /// A save answered Saved::Later.
+    void saveWasPutOff();
+    /// A save that answered Saved::Later came to nothing, with an error of save().
+    void putOffSaveFailed(const platform::Error &error);
 
 private:
     friend class ManagedObject;
@@ -116,7 +130,11 @@ private:
     /// A setter changed an attribute of an object of ours.
     void noteChange(ManagedObject &object);
 
-    platform::Result<void> saveStore(StoreKind kind);
+    enum class WhenBusy { PutOff, Fail };
+
+    platform::Result<Saved> saveStore(StoreKind kind, WhenBusy whenBusy);
+    /// Saves what was put off.
+    void savePutOff(WhenBusy whenBusy);
     void writeStore(StoreConnection &file, ObjectTable &objects);
 
     /// Takes over what other contexts saved; the notice comes with announce().
@@ -133,5 +151,6 @@ private:
     QString m_author;
     std::array<std::unique_ptr<ObjectTable>, kStoreCount> m_tables;
     std::unique_ptr<ChangeNotice> m_notice;
+    std::array<bool, kStoreCount> m_isPutOff{}; ///< the container will call savePutOff()
     bool m_isAnnouncementScheduled = false;
 };

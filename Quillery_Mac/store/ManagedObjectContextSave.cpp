@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Saving, and taking over what others saved. How the two keep each other right stands in
-// MergeQueue.h.
+// MergeQueue.h; when what was put off is saved, in PersistentContainer.h.
 #include "Quillery_Mac/store/ChangeNotice.h"
 #include "Quillery_Mac/store/HistoryWriter.h"
 #include "Quillery_Mac/store/ManagedObjectContext.h"
@@ -9,27 +9,48 @@
 #include "Quillery_Mac/store/ObjectWriter.h"
 #include "Quillery_Mac/store/StoreConnection.h"
 #include "Quillery_Mac/store/TransactionCounter.h"
+#include "platform/log/Log.h"
 
 #include <SQLiteCpp/Exception.h>
 #include <SQLiteCpp/Transaction.h>
 
+#include <utility>
+
 using platform::Error;
 
-platform::Result<void> ManagedObjectContext::save()
+platform::Result<Saved> ManagedObjectContext::save()
 {
-    platform::Result<void> result;
+    const WhenBusy whenBusy = m_role == Role::View ? WhenBusy::PutOff : WhenBusy::Fail;
+    platform::Result<Saved> result = Saved::Now;
     for (const StoreKind kind : kStoreKinds) {
-        if (m_tables[static_cast<std::size_t>(kind)]->changed().empty())
-            continue;
-        if (const auto saved = saveStore(kind); !saved && result)
+        // The container saves it; another try would only keep the main thread.
+        const platform::Result<Saved> saved =
+            m_isPutOff[static_cast<std::size_t>(kind)] ? Saved::Later : saveStore(kind, whenBusy);
+        // The first error counts, and any error for more than a save that was put off.
+        if (result && (!saved || *saved == Saved::Later))
             result = saved;
     }
     return result;
 }
 
-platform::Result<void> ManagedObjectContext::saveStore(StoreKind kind)
+void ManagedObjectContext::savePutOff(WhenBusy whenBusy)
+{
+    for (const StoreKind kind : kStoreKinds) {
+        if (!std::exchange(m_isPutOff[static_cast<std::size_t>(kind)], false))
+            continue;
+        const auto saved = saveStore(kind, whenBusy);
+        if (!saved) {
+            qCWarning(logStore) << saved.error().text;
+            emit putOffSaveFailed(saved.error());
+        }
+    }
+}
+
+platform::Result<Saved> ManagedObjectContext::saveStore(StoreKind kind, WhenBusy whenBusy)
 {
     ObjectTable &objects = *m_tables[static_cast<std::size_t>(kind)];
+    if (objects.changed().empty())
+        return Saved::Now;
     StoreConnection *file = connection(kind);
     if (!file) {
         return platform::failure(Error::Kind::Unavailable,
@@ -39,11 +60,15 @@ platform::Result<void> ManagedObjectContext::saveStore(StoreKind kind)
     try {
         writeStore(*file, objects);
     } catch (const SQLite::Exception &error) {
-        return tl::unexpected(file->failed(error, QStringLiteral("Save")));
+        if (whenBusy == WhenBusy::Fail || !StoreConnection::isBusy(error))
+            return tl::unexpected(file->failed(error, QStringLiteral("Save")));
+        m_isPutOff[static_cast<std::size_t>(kind)] = true;
+        emit saveWasPutOff();
+        return Saved::Later;
     }
     m_notice->keep(objects.takeDeleted());
     emit didSave(kind);
-    return {};
+    return Saved::Now;
 }
 
 void ManagedObjectContext::writeStore(StoreConnection &file, ObjectTable &objects)

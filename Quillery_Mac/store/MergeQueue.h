@@ -14,7 +14,7 @@
 /// one lock; (2) the view context, once it holds the file's write lock, waits for that lock and
 /// merges what is queued. Nobody can be between commit and queueing then. The locks are always
 /// taken in the order write lock, commit lock; merging alone, which the event loop does, takes
-/// neither.
+/// neither. Since the commit itself needs the write lock, what (2) waits for is the queueing alone.
 class MergeQueue
 {
 public:

@@ -25,6 +25,8 @@ PersistentContainer::PersistentContainer(const std::vector<StoreDescription> &de
     // Queued: a save tells of itself when it is over.
     connect(m_viewContext.get(), &ManagedObjectContext::didSave, this,
             &PersistentContainer::didSave, Qt::QueuedConnection);
+    connect(m_viewContext.get(), &ManagedObjectContext::saveWasPutOff, this,
+            &PersistentContainer::saveWhenWritable);
     connect(m_viewContext.get(), &ManagedObjectContext::didSave, this, [this](StoreKind kind) {
         const auto &store = m_stores[static_cast<std::size_t>(kind)];
         if (store && store->needsCheckpoint())
@@ -34,6 +36,7 @@ PersistentContainer::PersistentContainer(const std::vector<StoreDescription> &de
 
 PersistentContainer::~PersistentContainer()
 {
+    finishTasks();
     m_background.reset();
 }
 
@@ -59,6 +62,14 @@ PersistentHistory &PersistentContainer::history(StoreKind kind)
 
 void PersistentContainer::performBackgroundTask(Task task)
 {
+    if (m_isWaitingForWriters)
+        m_heldTasks.push_back(std::move(task));
+    else
+        startTask(std::move(task));
+}
+
+void PersistentContainer::startTask(Task task)
+{
     m_background->add([this, task = std::move(task)] {
         StoreConnections connections{};
         for (const StoreKind kind : kStoreKinds) {
@@ -77,8 +88,50 @@ void PersistentContainer::performBackgroundTask(Task task)
 
 void PersistentContainer::waitForBackgroundTasks()
 {
-    m_background->wait();
+    finishTasks();
     m_viewContext->mergeQueued();
+}
+
+void PersistentContainer::finishTasks()
+{
+    m_background->wait();
+    if (!m_isWaitingForWriters)
+        return;
+    // No writer of our own is left.
+    writersAreDone(false);
+    m_background->wait();
+}
+
+void PersistentContainer::saveWhenWritable()
+{
+    if (std::exchange(m_isWaitingForWriters, true))
+        return;
+    m_background->add([this] {
+        const bool areDone = waitForWriters();
+        QMetaObject::invokeMethod(
+            this, [this, areDone] { writersAreDone(areDone); }, Qt::QueuedConnection);
+    });
+}
+
+bool PersistentContainer::waitForWriters()
+{
+    bool areDone = true;
+    for (const auto &store : m_stores)
+        areDone = (!store || store->waitForWriter()) && areDone;
+    return areDone;
+}
+
+void PersistentContainer::writersAreDone(bool areDone)
+{
+    using WhenBusy = ManagedObjectContext::WhenBusy;
+    // finishTasks() was here before.
+    if (!std::exchange(m_isWaitingForWriters, false))
+        return;
+    m_viewContext->savePutOff(areDone ? WhenBusy::PutOff : WhenBusy::Fail);
+    if (m_isWaitingForWriters)
+        return;
+    for (Task &task : std::exchange(m_heldTasks, {}))
+        startTask(std::move(task));
 }
 
 void PersistentContainer::wakeForMerge()

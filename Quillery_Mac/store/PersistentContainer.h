@@ -15,6 +15,12 @@ class PersistentStore;
 
 /// The stores, the context that all views share, and background work on the stores. Created, used
 /// and destroyed on the main thread; destroying it waits for the background tasks.
+///
+/// A save of the view context that met a long write is put off. The container then sends a turn
+/// through the background thread: when that comes up, behind the write, the main thread saves.
+/// Tasks given meanwhile are held back until then, so that a task sees what was saved before it was
+/// given, also what was put off, and no stream of tasks can put the save off for ever. A file that
+/// another program keeps locked makes that save fail.
 class PersistentContainer : public QObject
 {
     Q_OBJECT
@@ -50,6 +56,12 @@ signals:
 
 private:
     void load(const StoreDescription &description);
+    void startTask(Task task);
+    void saveWhenWritable();
+    void writersAreDone(bool areDone);
+    /// Ends the tasks given so far, those held back too.
+    void finishTasks();
+    bool waitForWriters();
     void wakeForMerge();
     void mergeQueued();
     /// On the background thread, so that no save of the main thread waits for it.
@@ -60,4 +72,6 @@ private:
     std::unique_ptr<MergeQueue> m_mergeQueue;
     std::unique_ptr<ManagedObjectContext> m_viewContext;
     std::unique_ptr<BackgroundQueue> m_background;
+    bool m_isWaitingForWriters = false;
+    std::vector<Task> m_heldTasks; ///< given while m_isWaitingForWriters
 };

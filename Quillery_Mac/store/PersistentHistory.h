@@ -35,7 +35,8 @@ struct HistoryTransaction
 /// What was saved to a store, transaction by transaction, for those who carry it elsewhere. A
 /// transaction is kept until every consumer has read it; while no consumer is registered none is
 /// kept. On the thread of its connection. All functions fail with Io if the file does not allow it,
-/// and with Unavailable if the store is not loaded.
+/// with Unavailable if the store is not loaded, and those that write with TimedOut while somebody
+/// else writes at length; the same call works once that is over.
 class PersistentHistory
 {
 public:

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Transaction.h>
 #include <sqlite3.h>
 
 using platform::Error;
@@ -17,6 +18,10 @@ namespace {
 
 // Pages of 16 KB, together 4 MB: some four recordings into a full history.
 constexpr int kLongLog = 256;
+
+// How long the main thread's save waits for the background thread's: a short recording is over by
+// then. With both stores busy the user sees nothing move for twice as long.
+constexpr std::chrono::milliseconds kMainThreadPatience{40};
 
 // Every page of a file up to so many bytes is checked when it is loaded (a full library: 13 ms).
 // The damage of a larger one is found when it is met.
@@ -78,6 +83,7 @@ PersistentStore::load(const StoreDescription &description)
             return tl::unexpected(usableContents.error());
         store->m_view->useStore();
         migrate(database, description.kind);
+        store->m_view->setPatience(kMainThreadPatience);
     } catch (const SQLite::Exception &error) {
         return platform::failure(Error::Kind::Io, QStringLiteral("Load %1: %2 (code %3)")
                                                       .arg(file, QString::fromUtf8(error.what()))
@@ -104,6 +110,21 @@ StoreConnection *PersistentStore::backgroundConnection()
         qCWarning(logStore) << "background connection:" << error.what();
     }
     return m_background.get();
+}
+
+bool PersistentStore::waitForWriter()
+{
+    StoreConnection *connection = backgroundConnection();
+    // What is wrong then, the save will tell.
+    if (!connection)
+        return true;
+    try {
+        const SQLite::Transaction turn(connection->database(),
+                                       SQLite::TransactionBehavior::IMMEDIATE);
+    } catch (const SQLite::Exception &error) {
+        return !StoreConnection::isBusy(error);
+    }
+    return true;
 }
 
 bool PersistentStore::needsCheckpoint() const

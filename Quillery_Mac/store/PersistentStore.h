@@ -26,6 +26,10 @@ public:
     /// there.
     StoreConnection *backgroundConnection();
 
+    /// Returns as soon as nobody else writes to the file; false if somebody still does after the
+    /// connection's patience. Background thread.
+    bool waitForWriter();
+
     /// Whether the log has grown so long that it should be written back. Any thread.
     bool needsCheckpoint() const;
     /// Writes the log back into the file. Background thread.

@@ -10,18 +10,8 @@
 
 namespace {
 
-// How long a connection waits for another one's write, in milliseconds. The longest write is one
-// long text, some 100 ms.
-constexpr int kBusyTimeout = 5000;
-
-// The library's own way to wait sleeps longer and longer; the main thread should go on at once.
-int waitForWriter(void *, int turns)
-{
-    if (turns >= kBusyTimeout)
-        return 0;
-    QThread::msleep(1);
-    return 1;
-}
+// The longest write of our own is one long text: some 100 ms, on a slow disk a second.
+constexpr std::chrono::seconds kPatience{5};
 
 // What every connection to a store sets, once the file is known to be one. The log is emptied by
 // the background thread only (PersistentStore), so that no save of the main thread waits for it.
@@ -51,8 +41,9 @@ StoreConnection::StoreConnection(const QString &file, StoreHealth &health)
     : m_file(file)
     , m_health(health)
     , m_database(QFile::encodeName(file).toStdString(), SQLite::OPEN_READWRITE)
+    , m_patience(kPatience)
 {
-    sqlite3_busy_handler(m_database.getHandle(), waitForWriter, nullptr);
+    sqlite3_busy_handler(m_database.getHandle(), waitForWriter, this);
     // A file that is not used in the end is left as it is, its log too.
     sqlite3_db_config(m_database.getHandle(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
 }
@@ -80,6 +71,23 @@ void StoreConnection::useStore()
     sqlite3_db_config(handle, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
 }
 
+// The library's own way to wait sleeps longer and longer; the main thread should go on at once.
+int StoreConnection::waitForWriter(void *connection, int turns)
+{
+    auto *self = static_cast<StoreConnection *>(connection);
+    if (turns == 0)
+        self->m_waiting.start();
+    if (self->m_waiting.elapsed() >= self->m_patience.count())
+        return 0;
+    QThread::msleep(1);
+    return 1;
+}
+
+bool StoreConnection::isBusy(const SQLite::Exception &error)
+{
+    return error.getErrorCode() == SQLITE_BUSY;
+}
+
 SQLite::Statement &StoreConnection::statement(const std::string &sql)
 {
     auto known = m_statements.find(sql);
@@ -95,7 +103,8 @@ platform::Error StoreConnection::failed(const SQLite::Exception &error, const QS
     const QString text = QStringLiteral("%1 %2: %3 (code %4)")
                              .arg(what, m_file, QString::fromUtf8(error.what()))
                              .arg(error.getExtendedErrorCode());
-    platform::Error result{platform::Error::Kind::Io, text};
+    using Kind = platform::Error::Kind;
+    platform::Error result{isBusy(error) ? Kind::TimedOut : Kind::Io, text};
     const int code = error.getErrorCode();
     if ((code == SQLITE_CORRUPT || code == SQLITE_NOTADB) && !m_health.isDamaged.exchange(true))
         printStoreError(result);

@@ -3,12 +3,14 @@
 
 #include "platform/Result.h"
 
+#include <QElapsedTimer>
 #include <QString>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
 #include <atomic>
+#include <chrono>
 #include <string>
 #include <unordered_map>
 
@@ -34,20 +36,29 @@ public:
     /// Sets what every connection to a store has set. Before it the file is only read.
     void useStore();
 
+    /// How long a write waits for another connection's; one that waited in vain fails with an
+    /// error that isBusy().
+    void setPatience(std::chrono::milliseconds patience) { m_patience = patience; }
+    static bool isBusy(const SQLite::Exception &error);
+
     SQLite::Database &database() { return m_database; }
     /// The prepared statement for this text, reset and without values; stays good as long as the
     /// connection.
     SQLite::Statement &statement(const std::string &sql);
 
     bool isUsable() const { return !m_health.isDamaged; }
-    /// Words an error for the caller. When it says that the file is corrupt, prints it and takes
-    /// the store out of use.
+    /// Words an error for the caller: TimedOut if it isBusy(), else Io. When it says that the file
+    /// is corrupt, prints it and takes the store out of use.
     platform::Error failed(const SQLite::Exception &error, const QString &what);
 
 private:
+    static int waitForWriter(void *connection, int turns);
+
     QString m_file;
     StoreHealth &m_health;
     SQLite::Database m_database;
+    std::chrono::milliseconds m_patience;
+    QElapsedTimer m_waiting; ///< since the write began to wait
     std::unordered_map<std::string, SQLite::Statement> m_statements;
 };
 

@@ -3,6 +3,7 @@
 
 #include "Quillery_Mac/store/Clip.h"
 #include "Quillery_Mac/store/PersistenceController.h"
+#include "tests/logic/FullDisk.h"
 
 #include <QTemporaryDir>
 
@@ -11,9 +12,6 @@
 #include <ostream>
 
 #include <limits>
-
-#include <csignal>
-#include <sys/resource.h>
 
 namespace {
 
@@ -69,29 +67,6 @@ protected:
 
     QTemporaryDir folder;
     PersistenceController store{folder.path()};
-};
-
-/// No file of this process may grow while the object exists: a full disk.
-class FullDisk
-{
-public:
-    FullDisk()
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit nothing{1, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &nothing);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY_MOVE(FullDisk)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = SIG_DFL;
 };
 
 } // namespace

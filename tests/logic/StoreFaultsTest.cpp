@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "tests/logic/FullDisk.h"
 #include "tests/logic/StoreTestSupport.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <csignal>
 
 namespace {
 
@@ -64,30 +62,6 @@ protected:
 
     bool savedBoth = false;
     qsizetype snippetCount = 0;
-};
-
-// The size that files may grow to, for as long as the object lives: what a full disk does.
-class SizeLimit
-{
-public:
-    explicit SizeLimit(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = bytes;
-        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~SizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    Q_DISABLE_COPY_MOVE(SizeLimit)
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int);
 };
 
 // Acts as a user who may not do everything, where the tests run as root.
@@ -248,7 +222,7 @@ TEST_F(StoreFaultsTest, aFullDiskFailsTheSaveAndALaterSaveWritesEverything)
     open();
     Snippet *kept = view().fetch<Snippet>().at(0);
     {
-        const SizeLimit full(1);
+        const FullDisk disk;
         kept->setTitle(QStringLiteral("changed"));
         addSnippet(QStringLiteral("new"), 2, QByteArray(100000, 'x'));
         const auto saved = view().save();
@@ -271,7 +245,7 @@ TEST_F(StoreFaultsTest, aDeletionThatCannotBeSavedStaysInTheContext)
     open();
     Snippet *kept = view().fetch<Snippet>().at(0);
     {
-        const SizeLimit full(1);
+        const FullDisk disk;
         view().deleteObject(*kept);
         EXPECT_FALSE(view().save());
         QCoreApplication::processEvents();
@@ -296,7 +270,7 @@ TEST_F(StoreFaultsTest, aFullDiskDropsARecordingAndTheNextOneWorks)
         container().waitForBackgroundTasks();
     };
     {
-        const SizeLimit full(1);
+        const FullDisk disk;
         record("lost");
     }
     record("recorded");

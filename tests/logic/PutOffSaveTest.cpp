@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+// Saves of the main thread while somebody else writes. The other writer is a second connection that
+// keeps the file's write lock, as the background thread does while it writes a long text.
+#include "Quillery_Mac/store/ManagedObjectContext.h"
+
+#include "tests/logic/FullDisk.h"
+#include "tests/logic/StoreTestSupport.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+// The main thread waits some 40 ms; the rest is for a machine that is busy.
+constexpr qint64 kAtOnce = 1500;
+
+class PutOffSaveTest : public StoreTest
+{
+protected:
+    void beginOtherWrite()
+    {
+        other = std::make_unique<SQLite::Database>(snippetsFile().toStdString(),
+                                                   SQLite::OPEN_READWRITE, 1000);
+        other->exec("BEGIN IMMEDIATE");
+    }
+    void endOtherWrite() { other.reset(); }
+
+    std::string titlesInFile() const
+    {
+        return answer(snippetsFile(), "SELECT coalesce(group_concat(title), '') FROM Snippet");
+    }
+
+    std::unique_ptr<SQLite::Database> other;
+    const QString mine = QStringLiteral("mine");
+};
+
+} // namespace
+
+TEST_F(PutOffSaveTest, aSaveDoesNotWaitForALongWriteAndIsDoneAfterIt)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    QSignalSpy didSave(&view(), &ManagedObjectContext::didSave);
+    QElapsedTimer timer;
+    timer.start();
+
+    EXPECT_EQ(view().save(), Saved::Later);
+
+    EXPECT_LT(timer.elapsed(), kAtOnce);
+    EXPECT_TRUE(view().hasChanges());
+    EXPECT_EQ(didSave.count(), 0);
+    endOtherWrite();
+    ASSERT_TRUE(didSave.wait());
+    EXPECT_FALSE(view().hasChanges());
+    EXPECT_EQ(titlesInFile(), "mine");
+}
+
+TEST_F(PutOffSaveTest, whatIsSavedWhileASaveIsPutOffIsSavedWithItAndDoesNotWaitAtAll)
+{
+    beginOtherWrite();
+    Snippet *first = addSnippet(mine, 1);
+    EXPECT_EQ(view().save(), Saved::Later);
+    QElapsedTimer timer;
+    timer.start();
+    for (qint16 order = 2; order < 102; ++order) {
+        addSnippet(QString::number(order), order);
+        EXPECT_EQ(view().save(), Saved::Later);
+    }
+    view().deleteObject(*first);
+    EXPECT_EQ(view().save(), Saved::Later);
+    EXPECT_LT(timer.elapsed(), kAtOnce);
+    QSignalSpy didSave(&view(), &ManagedObjectContext::didSave);
+    endOtherWrite();
+
+    ASSERT_TRUE(didSave.wait());
+    EXPECT_EQ(didSave.count(), 1);
+    EXPECT_EQ(answer(snippetsFile(), "SELECT count(*) FROM Snippet"), "100");
+}
+
+TEST_F(PutOffSaveTest, aDeletionIsInTheListsAtOnceAndInTheFileAfterTheWrite)
+{
+    Snippet *snippet = addSnippet(mine, 1);
+    ASSERT_EQ(view().save(), Saved::Now);
+    beginOtherWrite();
+
+    view().deleteObject(*snippet);
+    EXPECT_EQ(view().save(), Saved::Later);
+    EXPECT_TRUE(view().fetch<Snippet>().empty());
+    EXPECT_EQ(titlesInFile(), "mine");
+
+    endOtherWrite();
+    container().waitForBackgroundTasks();
+    EXPECT_EQ(titlesInFile(), "");
+}
+
+TEST_F(PutOffSaveTest, theOtherStoreIsSavedNow)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    view().insert<Clip>()->setContent("clip");
+
+    EXPECT_EQ(view().save(), Saved::Later);
+
+    EXPECT_EQ(answer(clipsFile(), "SELECT content FROM Clip"), "clip");
+    endOtherWrite();
+}
+
+TEST_F(PutOffSaveTest, aTaskGivenMeanwhileSeesWhatWasPutOff)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    EXPECT_EQ(view().save(), Saved::Later);
+    std::vector<std::vector<QString>> seen;
+    for (int task = 0; task < 2; ++task) {
+        container().performBackgroundTask([&seen](ManagedObjectContext &context) {
+            seen.push_back(titles(context.fetch<Snippet>()));
+        });
+    }
+    endOtherWrite();
+    container().waitForBackgroundTasks();
+
+    EXPECT_EQ(seen, (std::vector<std::vector<QString>>{{mine}, {mine}}));
+}
+
+TEST_F(PutOffSaveTest, aTaskGivenMeanwhileRunsByItself)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    EXPECT_EQ(view().save(), Saved::Later);
+    container().performBackgroundTask([](ManagedObjectContext &context) {
+        context.fetch<Snippet>().at(0)->setTitle(QStringLiteral("theirs"));
+        EXPECT_TRUE(context.save());
+    });
+    endOtherWrite();
+
+    EXPECT_TRUE(QTest::qWaitFor([this] { return titlesInFile() == "theirs"; }));
+}
+
+TEST_F(PutOffSaveTest, theEndOfTheProgramSavesWhatWasPutOff)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    EXPECT_EQ(view().save(), Saved::Later);
+    container().performBackgroundTask([](ManagedObjectContext &context) {
+        context.fetch<Snippet>().at(0)->setOrder(7);
+        EXPECT_TRUE(context.save());
+    });
+    endOtherWrite();
+
+    close();
+
+    EXPECT_EQ(answer(snippetsFile(), "SELECT title || \"order\" FROM Snippet"), "mine7");
+}
+
+TEST_F(PutOffSaveTest, aWriterThatDoesNotEndMakesTheSaveFailAndALaterOneWritesEverything)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    platform::Error told{platform::Error::Kind::Taken, {}};
+    QObject::connect(&view(), &ManagedObjectContext::putOffSaveFailed, &view(),
+                     [&told](const platform::Error &error) { told = error; });
+    EXPECT_EQ(view().save(), Saved::Later);
+
+    ASSERT_TRUE(QTest::qWaitFor([&told] { return !told.text.isEmpty(); }, 30000));
+
+    EXPECT_EQ(told.kind, platform::Error::Kind::TimedOut);
+    EXPECT_TRUE(view().hasChanges());
+    endOtherWrite();
+    EXPECT_EQ(view().save(), Saved::Now);
+    EXPECT_EQ(titlesInFile(), "mine");
+}
+
+TEST_F(PutOffSaveTest, aFileThatCannotBeWrittenAfterwardsIsToldOnceAndNotTriedAgain)
+{
+    beginOtherWrite();
+    addSnippet(mine, 1);
+    std::vector<platform::Error::Kind> told;
+    QObject::connect(&view(), &ManagedObjectContext::putOffSaveFailed, &view(),
+                     [&told](const platform::Error &error) { told.push_back(error.kind); });
+    EXPECT_EQ(view().save(), Saved::Later);
+    {
+        const FullDisk disk;
+        endOtherWrite();
+        container().waitForBackgroundTasks();
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(told, std::vector{platform::Error::Kind::Io});
+    QCoreApplication::processEvents();
+    container().waitForBackgroundTasks();
+    EXPECT_EQ(titlesInFile(), "");
+
+    EXPECT_EQ(view().save(), Saved::Now);
+    EXPECT_EQ(titlesInFile(), "mine");
+}
+
+TEST_F(PutOffSaveTest, aBackgroundSaveWaits)
+{
+    beginOtherWrite();
+    platform::Result<Saved> saved = Saved::Later;
+    container().performBackgroundTask([&](ManagedObjectContext &context) {
+        context.insert<Snippet>()->setTitle(mine);
+        saved = context.save();
+    });
+    // Longer than the main thread would.
+    QTest::qWait(100);
+    endOtherWrite();
+    container().waitForBackgroundTasks();
+
+    EXPECT_EQ(saved, Saved::Now);
+    EXPECT_EQ(titlesInFile(), "mine");
+}
