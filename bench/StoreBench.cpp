@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -358,6 +359,7 @@ void saveDuringLongText(benchmark::State &state)
             save.push_back(milliseconds(timer));
             putOff += saved && *saved == Saved::Later ? 1 : 0;
             QCoreApplication::processEvents();
+            QThread::msleep(5);
         }
         stores.container().waitForBackgroundTasks();
     }

@@ -104,7 +104,8 @@ signals:
     /// What changed here or was merged, coalesced: once per merge, and once per turn of the event
     /// loop for the changes of this context.
     void objectsDidChange(const ObjectChanges &changes);
-    /// A save of this context, or one that was merged into it, is in the file of the store.
+    /// A save of this context, or one that was merged into it, is in the file of the store: the end
+    /// of the program does not harm it any more. PersistentContainer tells when it is on the disk.
     void didSave(StoreKind kind);
     /// A save answered Saved::Later.
     void saveWasPutOff();

@@ -22,16 +22,10 @@ PersistentContainer::PersistentContainer(const std::vector<StoreDescription> &de
     }
     m_viewContext = std::make_unique<ManagedObjectContext>(ManagedObjectContext::Role::View,
                                                            connections, *m_mergeQueue);
-    // Queued: a save tells of itself when it is over.
-    connect(m_viewContext.get(), &ManagedObjectContext::didSave, this,
-            &PersistentContainer::didSave, Qt::QueuedConnection);
     connect(m_viewContext.get(), &ManagedObjectContext::saveWasPutOff, this,
             &PersistentContainer::saveWhenWritable);
-    connect(m_viewContext.get(), &ManagedObjectContext::didSave, this, [this](StoreKind kind) {
-        const auto &store = m_stores[static_cast<std::size_t>(kind)];
-        if (store && store->needsCheckpoint())
-            m_background->add([this] { writeBackLogs(); });
-    });
+    connect(m_viewContext.get(), &ManagedObjectContext::didSave, this,
+            &PersistentContainer::finishSave);
 }
 
 PersistentContainer::~PersistentContainer()
@@ -143,6 +137,16 @@ void PersistentContainer::mergeQueued()
 {
     m_viewContext->mergeQueued();
     m_viewContext->announce();
+}
+
+void PersistentContainer::finishSave(StoreKind kind)
+{
+    m_background->add([this, kind] {
+        m_stores[static_cast<std::size_t>(kind)]->syncLog();
+        QMetaObject::invokeMethod(
+            this, [this, kind] { emit didSave(kind); }, Qt::QueuedConnection);
+        writeBackLogs();
+    });
 }
 
 void PersistentContainer::writeBackLogs()

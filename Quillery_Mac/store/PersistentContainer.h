@@ -51,7 +51,7 @@ public:
     PersistentHistory &history(StoreKind kind);
 
 signals:
-    /// A context's save reached the file of the store; on the main thread.
+    /// A context's save reached the file of the store, and the disk; on the main thread.
     void didSave(StoreKind kind);
 
 private:
@@ -63,6 +63,7 @@ private:
     void finishTasks();
     bool waitForWriters();
     void wakeForMerge();
+    void finishSave(StoreKind kind);
     void mergeQueued();
     /// On the background thread, so that no save of the main thread waits for it.
     void writeBackLogs();

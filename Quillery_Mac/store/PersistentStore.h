@@ -34,8 +34,13 @@ public:
     bool needsCheckpoint() const;
     /// Writes the log back into the file. Background thread.
     void checkpoint();
+    /// Brings what the main thread committed from the system's cache to the disk. Background
+    /// thread.
+    void syncLog();
 
 private:
+    void beginNewLog();
+
     explicit PersistentStore(const StoreDescription &description);
 
     StoreDescription m_description;

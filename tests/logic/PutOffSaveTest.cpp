@@ -10,6 +10,67 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <future>
+#include <mutex>
+#include <thread>
+
+namespace {
+
+/// The files that were brought to the disk, and by which thread.
+class DiskWatch
+{
+public:
+    static DiskWatch &instance()
+    {
+        static DiskWatch watch;
+        return watch;
+    }
+
+    void note(int file)
+    {
+        const std::lock_guard locked(m_lock);
+        std::error_code error;
+        const auto path =
+            std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), error);
+        m_syncs.emplace_back(std::this_thread::get_id(), path.filename().string());
+    }
+    void clear()
+    {
+        const std::lock_guard locked(m_lock);
+        m_syncs.clear();
+    }
+    long byThisThread()
+    {
+        const std::lock_guard locked(m_lock);
+        return std::ranges::count(m_syncs, std::this_thread::get_id(), &Sync::first);
+    }
+    long of(const std::string &file)
+    {
+        const std::lock_guard locked(m_lock);
+        return std::ranges::count(m_syncs, file, &Sync::second);
+    }
+
+private:
+    using Sync = std::pair<std::thread::id, std::string>;
+
+    std::mutex m_lock;
+    std::vector<Sync> m_syncs;
+};
+
+} // namespace
+
+// Stands before the system's own.
+extern "C" int fdatasync(int file)
+{
+    DiskWatch::instance().note(file);
+    return static_cast<int>(::syscall(SYS_fdatasync, file));
+}
+
 namespace {
 
 // The main thread waits some 40 ms; the rest is for a machine that is busy.
@@ -209,4 +270,42 @@ TEST_F(PutOffSaveTest, aBackgroundSaveWaits)
 
     EXPECT_EQ(saved, Saved::Now);
     EXPECT_EQ(titlesInFile(), "mine");
+}
+
+TEST_F(PutOffSaveTest, theMainThreadDoesNotWaitForTheDisk)
+{
+    // The first save after the start begins a log.
+    Snippet *snippet = addSnippet(mine, 1);
+    ASSERT_EQ(view().save(), Saved::Now);
+    container().waitForBackgroundTasks();
+    DiskWatch::instance().clear();
+
+    // Long enough for logs to be written back and begun anew on the way.
+    for (int turn = 0; turn < 60; ++turn) {
+        snippet->setContent(QByteArray(200 * 1024, static_cast<char>('a' + turn % 26)));
+        EXPECT_EQ(view().save(), Saved::Now);
+        container().waitForBackgroundTasks();
+    }
+
+    EXPECT_EQ(DiskWatch::instance().byThisThread(), 0);
+    EXPECT_GT(DiskWatch::instance().of("snippets.sqlite"), 0);
+}
+
+TEST_F(PutOffSaveTest, aSaveIsToldOnceItIsOnTheDisk)
+{
+    QCoreApplication::processEvents();
+    DiskWatch::instance().clear();
+    QSignalSpy didSave(&container(), &PersistentContainer::didSave);
+    std::promise<void> mayGoOn;
+    container().performBackgroundTask(
+        [&mayGoOn](ManagedObjectContext &) { mayGoOn.get_future().wait(); });
+    addSnippet(mine, 1);
+    ASSERT_EQ(view().save(), Saved::Now);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(didSave.count(), 0);
+
+    mayGoOn.set_value();
+
+    ASSERT_TRUE(didSave.wait());
+    EXPECT_GE(DiskWatch::instance().of("snippets.sqlite-wal"), 1);
 }
