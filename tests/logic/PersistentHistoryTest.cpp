@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/store/PersistentHistory.h"
 
+#include "Quillery_Mac/store/LiveFetch.h"
 #include "tests/logic/StoreTestSupport.h"
+
+#include <QSignalSpy>
 
 namespace {
 
@@ -114,6 +117,39 @@ TEST_F(PersistentHistoryTest, aSaveOfABackgroundContextIsToldToo)
     container().waitForBackgroundTasks();
 
     EXPECT_EQ(after(0).size(), 1U);
+}
+
+TEST_F(PersistentHistoryTest, changesThatAreCarriedHereAppearInLiveFetchesUnderTheirAuthor)
+{
+    ASSERT_TRUE(history().addConsumer(consumer));
+    Snippet *known = addSnippet(QStringLiteral("known"), 1);
+    Snippet *gone = addSnippet(QStringLiteral("gone"), 2);
+    ASSERT_TRUE(view().save());
+    const qint64 goneNumber = gone->objectId();
+    LiveFetch<Snippet> items(view());
+    ASSERT_EQ(items.results().size(), 2U);
+    QCoreApplication::processEvents();
+    QSignalSpy changed(&items, &LiveFetchBase::changed);
+
+    container().performBackgroundTask([&](ManagedObjectContext &context) {
+        context.setTransactionAuthor(consumer);
+        context.object<Snippet>(known->objectId())->setTitle(QStringLiteral("changed"));
+        context.deleteObject(*context.object<Snippet>(goneNumber));
+        Snippet *added = context.insert<Snippet>();
+        added->setTitle(QStringLiteral("added"));
+        added->setOrder(3);
+        EXPECT_TRUE(context.save());
+    });
+
+    ASSERT_TRUE(changed.wait());
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(titles(items.results()),
+              (std::vector<QString>{QStringLiteral("changed"), QStringLiteral("added")}));
+    EXPECT_EQ(items.results().at(0), known);
+    const auto told = after(1);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].author, consumer);
+    EXPECT_EQ(told[0].changes.size(), 3U);
 }
 
 TEST_F(PersistentHistoryTest, aTransactionIsKeptUntilEveryConsumerHasReadIt)

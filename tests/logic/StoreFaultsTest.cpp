@@ -184,6 +184,31 @@ TEST_F(StoreFaultsTest, withoutAFolderBothStoresArePrinted)
     EXPECT_NE(printed.find("snippets.sqlite"), std::string::npos);
 }
 
+TEST_F(StoreFaultsTest, aStoreThatDidNotLoadIsNotTriedAgainBeforeTheNextStart)
+{
+    QFile::remove(clipsFile());
+    ASSERT_TRUE(QDir().mkdir(clipsFile()));
+    ::testing::internal::CaptureStdout();
+    open();
+    ASSERT_TRUE(QDir().rmdir(clipsFile()));
+
+    container().performBackgroundTask([](ManagedObjectContext &context) {
+        context.insert<Clip>()->setContent("copied");
+        const auto saved = context.save();
+        ASSERT_FALSE(saved);
+        EXPECT_EQ(saved.error().kind, platform::Error::Kind::Unavailable);
+    });
+    container().waitForBackgroundTasks();
+    view().insert<Clip>()->setContent("kept in the context");
+    EXPECT_FALSE(view().save());
+
+    const QString printed = QString::fromStdString(::testing::internal::GetCapturedStdout());
+    EXPECT_EQ(printed.count(u'\n'), 1) << printed.toStdString();
+    EXPECT_FALSE(QFile::exists(clipsFile()));
+    open();
+    EXPECT_TRUE(container().isLoaded(StoreKind::Clips));
+}
+
 TEST_F(StoreFaultsTest, anEmptyFileIsANewStore)
 {
     writeBytes(snippetsFile(), {});
