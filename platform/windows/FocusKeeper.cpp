@@ -26,6 +26,19 @@ void FocusKeeper::remember()
     m_revertTo = answer ? answer->revert_to : quint8(XCB_INPUT_FOCUS_POINTER_ROOT);
 }
 
+bool FocusKeeper::isRememberedIn(quint32 window) const
+{
+    quint32 inner = m_window;
+    while (inner > XCB_INPUT_FOCUS_POINTER_ROOT && inner != m_connection.root()) {
+        if (inner == window)
+            return true;
+        const auto tree =
+            m_connection.reply(xcb_query_tree_reply, xcb_query_tree(m_connection.xcb(), inner));
+        inner = tree ? tree->parent : quint32(XCB_NONE);
+    }
+    return false;
+}
+
 bool FocusKeeper::take(quint32 window)
 {
     return give(window, XCB_INPUT_FOCUS_PARENT);

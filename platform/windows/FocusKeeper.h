@@ -24,6 +24,9 @@ public:
     /// Remembers who has the focus now.
     void remember();
 
+    /// Whether what remember() found has the focus is `window` or stands inside it.
+    bool isRememberedIn(quint32 window) const;
+
     /// Gives the focus to a mapped window of ours.
     /// @return false if the server refused, because the window cannot be seen
     bool take(quint32 window);

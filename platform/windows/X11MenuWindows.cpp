@@ -97,8 +97,8 @@ void X11MenuWindows::present(QWidget &menu)
     m_isKey = true;
     m_presses.start();
     qApp->installEventFilter(this);
-    m_activeWindow = m_focus.active();
     watchActiveWindow(true);
+    m_activeWindow = m_focus.active();
     // A menu that cannot get the keyboard would never hear that it lost it.
     if (!take(menu))
         QMetaObject::invokeMethod(this, &X11MenuWindows::resign, Qt::QueuedConnection);
@@ -205,10 +205,11 @@ void X11MenuWindows::watchActiveWindow(bool isWatched)
         m_connection->xcb(), m_connection->root(), XCB_CW_EVENT_MASK, &mask));
 }
 
+// A busy window manager may name the program that we came over only after the menu is up.
 void X11MenuWindows::activeWindowChanged()
 {
     const quint32 active = m_focus.active();
-    if (active == XCB_NONE || active == m_activeWindow)
+    if (active == XCB_NONE || active == m_activeWindow || m_focus.isRememberedIn(active))
         return;
     if (hasFocus()) {
         m_focus.remember(active);

@@ -88,7 +88,7 @@ class UselessBus : public InstanceFixture
 TEST_F(UselessBus, oneThatHangsIsNotWaitedFor)
 {
     addressOfBus();
-    sendSignal(busProcess, SIGSTOP);
+    busProcess->sendSignal(SIGSTOP);
     QElapsedTimer clock;
     clock.start();
 
@@ -98,14 +98,13 @@ TEST_F(UselessBus, oneThatHangsIsNotWaitedFor)
     EXPECT_LT(clock.elapsed(), kPatience / 2);
     const auto second = start(Bus::With);
     expectSecond(*second, *first);
-    sendSignal(busProcess, SIGCONT);
+    busProcess->sendSignal(SIGCONT);
 }
 
 TEST_F(UselessBus, oneThatEndedIsNone)
 {
     addressOfBus();
-    busProcess.kill();
-    ASSERT_TRUE(busProcess.waitForFinished(kPatience));
+    busProcess.reset();
 
     const auto first = start(Bus::With);
 

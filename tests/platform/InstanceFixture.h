@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/ChildProcess.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
@@ -32,6 +34,7 @@ protected:
         auto process = std::make_unique<QProcess>();
         process->setProcessEnvironment(environment);
         process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        process->setChildProcessModifier(ChildProcess::endWithParent);
         process->start(QStringLiteral(INSTANCE_PEER), {});
         return process;
     }
@@ -41,12 +44,11 @@ protected:
     {
         if (!m_address.isEmpty())
             return m_address;
-        busProcess.start(
-            QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--session"), QStringLiteral("--nofork"),
-             QStringLiteral("--print-address=1"),
-             QStringLiteral("--address=unix:path=") + folder.filePath(QStringLiteral("test-bus"))});
-        m_address = QString::fromLocal8Bit(lineOf(busProcess));
+        const QByteArray socket = folder.filePath(QStringLiteral("test-bus")).toLocal8Bit();
+        busProcess = std::make_unique<ChildProcess>(
+            QList<QByteArray>{"dbus-daemon", "--session", "--nofork", "--print-address=1",
+                              "--address=unix:path=" + socket});
+        m_address = QString::fromLocal8Bit(busProcess->readLine());
         EXPECT_FALSE(m_address.isEmpty()) << "no bus";
         return m_address;
     }
@@ -67,12 +69,6 @@ protected:
         EXPECT_EQ(lineOf(first), "activated");
     }
 
-    ~InstanceFixture() override
-    {
-        busProcess.kill();
-        busProcess.waitForFinished();
-    }
-
     /// Stops or continues a process that this fixture started.
     static void sendSignal(const QProcess &process, int number)
     {
@@ -80,7 +76,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    QProcess busProcess;
+    std::unique_ptr<ChildProcess> busProcess;
 
 private:
     QString m_address;

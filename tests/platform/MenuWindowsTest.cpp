@@ -367,6 +367,54 @@ TEST_P(UnfocusedDesktop, focusOnNothingIsRestored)
     EXPECT_EQ(target.focusedWindow(), xcb_window_t(XCB_INPUT_FOCUS_NONE));
 }
 
+/// What a window manager does that is late with its news; here the test plays it.
+class LateNews : public MenuWindowsFixture
+{
+protected:
+    ~LateNews() override { target.forgetActiveWindow(); }
+
+    void nameActive(xcb_window_t window)
+    {
+        connection->check(xcb_change_property_checked(
+            connection->xcb(), XCB_PROP_MODE_REPLACE, connection->root(),
+            connection->atom("_NET_ACTIVE_WINDOW"), XCB_ATOM_WINDOW, 32, 1, &window));
+    }
+};
+INSTANTIATE_TEST_SUITE_P(MenuWindowsOn, LateNews, ::testing::Values(WindowManager::Kind::None),
+                         ::testing::PrintToStringParamName());
+
+TEST_P(LateNews, theProgramBelowTheMenuMayBeNamedActiveAfterwards)
+{
+    presentOverTarget();
+
+    nameActive(target.id());
+
+    EXPECT_FALSE(resignsWithin(kQuiet));
+    EXPECT_EQ(target.focusedWindow(), idOf(menu));
+}
+
+TEST_P(LateNews, soMayTheProgramOfWhichAPartHadTheFocus)
+{
+    ASSERT_TRUE(target.showFocused());
+    target.setFocus(target.addChild());
+    windows->present(menu);
+
+    nameActive(target.id());
+
+    EXPECT_FALSE(resignsWithin(kQuiet));
+    EXPECT_EQ(target.focusedWindow(), idOf(menu));
+}
+
+TEST_P(LateNews, anotherProgramNamedActiveResigns)
+{
+    presentOverTarget();
+    const ForeignWindow other("Other", QRect(700, 500, 200, 200));
+
+    nameActive(other.id());
+
+    EXPECT_TRUE(resignsWithin(kPatience));
+}
+
 TEST_P(UnfocusedDesktop, focusThatFollowsThePointerIsRestored)
 {
     target.setFocus(XCB_INPUT_FOCUS_POINTER_ROOT);

@@ -12,34 +12,16 @@ constexpr int kRunMilliseconds = 30000;
 
 } // namespace
 
+// The server chooses the number and writes it to the descriptor that -displayfd names.
 PrivateDisplay::PrivateDisplay()
+    : m_server(std::make_unique<ChildProcess>(QList<QByteArray>{
+          "Xvfb", "-displayfd", "1", "-screen", "0", "800x600x24", "-nolisten", "tcp", "-noreset"}))
 {
-    // The server chooses the number and writes it to the descriptor that -displayfd names.
-    m_server.start(QStringLiteral("Xvfb"),
-                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                    QStringLiteral("0"), QStringLiteral("800x600x24"), QStringLiteral("-nolisten"),
-                    QStringLiteral("tcp"), QStringLiteral("-noreset")});
-    QByteArray number;
-    while (!number.endsWith('\n') && m_server.waitForReadyRead(kStartMilliseconds))
-        number += m_server.readAllStandardOutput();
-    if (number.trimmed().isEmpty())
-        ADD_FAILURE() << "Xvfb did not start: " << m_server.readAllStandardError().constData();
+    const QByteArray number = m_server->readLine();
+    if (number.isEmpty())
+        ADD_FAILURE() << "Xvfb did not start";
     else
-        m_name = ":" + number.trimmed();
-}
-
-PrivateDisplay::~PrivateDisplay()
-{
-    stop();
-}
-
-void PrivateDisplay::stop()
-{
-    if (m_server.state() == QProcess::NotRunning)
-        return;
-    m_server.terminate();
-    if (!m_server.waitForFinished(kRunMilliseconds))
-        m_server.kill();
+        m_name = ":" + number;
 }
 
 QProcessEnvironment PrivateDisplay::environment() const

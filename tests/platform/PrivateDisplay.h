@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/ChildProcess.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -14,13 +16,12 @@ class PrivateDisplay
 public:
     /// Fails the running test if the server does not start.
     PrivateDisplay();
-    ~PrivateDisplay();
 
     /// As in $DISPLAY; empty if the server did not start.
     const QByteArray &name() const { return m_name; }
 
     /// Ends the server; its clients lose their connections.
-    void stop();
+    void stop() { m_server.reset(); }
 
     /// The environment for a program that is to run here.
     QProcessEnvironment environment() const;
@@ -35,6 +36,6 @@ public:
                    const QByteArray &input = {}) const;
 
 private:
-    QProcess m_server;
+    std::unique_ptr<ChildProcess> m_server;
     QByteArray m_name;
 };

@@ -18,7 +18,7 @@ constexpr int kEndDeadline = 2000;    // xfwm4 now and then sleeps over its SIGT
 
 [[noreturn]] void become(const QList<QByteArray> &command, int output)
 {
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ChildProcess::endWithParent();
     dup2(output, STDOUT_FILENO);
     const int nowhere = open("/dev/null", O_RDWR);
     dup2(nowhere, STDIN_FILENO);
@@ -100,4 +100,9 @@ bool ChildProcess::endsWithin(int milliseconds) const
 void ChildProcess::sendSignal(int number) const
 {
     kill(m_process, number);
+}
+
+void ChildProcess::endWithParent()
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
 }

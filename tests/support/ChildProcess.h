@@ -30,6 +30,9 @@ public:
 
     void sendSignal(int number) const;
 
+    /// Called in a process that was just forked: it is killed when this one ends, however it does.
+    static void endWithParent();
+
 private:
     bool endsWithin(int milliseconds) const;
 

@@ -13,7 +13,7 @@ int main(int argc, char **argv)
     if (::testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     const TestSession session;
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillery-tests"));
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();

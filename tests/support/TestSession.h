@@ -2,8 +2,7 @@
 #pragma once
 
 #include "tests/support/ChildProcess.h"
-
-#include <QTemporaryDir>
+#include "tests/support/TestFolder.h"
 
 #include <memory>
 
@@ -27,13 +26,15 @@ public:
     QByteArray outerDisplay() const { return m_outerDisplay; }
     QByteArray display() const { return m_display; }
     /// Absolute path of a folder that is removed in the end.
-    QByteArray folder() const { return m_folder.path().toLocal8Bit(); }
+    const QByteArray &folder() const { return m_folder.path(); }
 
     static constexpr int kWidth = 1280;
     static constexpr int kHeight = 800;
 
 private:
-    QTemporaryDir m_folder;
+    void endServices() const;
+
+    TestFolder m_folder;
     std::unique_ptr<ChildProcess> m_outer;
     QByteArray m_outerDisplay;
     std::unique_ptr<ChildProcess> m_inner;

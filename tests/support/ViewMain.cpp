@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // main() of the tests that need widgets. Which display they use is the caller's choice
 // (QT_QPA_PLATFORM=offscreen for the views, a real X server for the platform).
+#include "tests/support/TestFolder.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -12,7 +14,8 @@ int main(int argc, char **argv)
     // Only asked which tests there are: that needs no display.
     if (::testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
-    QApplication application(argc, argv);
+    const TestFolder folder;
+    const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillery-tests"));
     QApplication::setQuitOnLastWindowClosed(false);
     return RUN_ALL_TESTS();
