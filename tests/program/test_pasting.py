@@ -22,7 +22,7 @@ PICKS = {"keyboard": pick_by_keyboard, "mouse": pick_by_mouse}
 OPENINGS = {"panel": open_panel, "tray": open_by_tray_click, "second-start": open_by_second_start}
 # Seconds. A machine that does something else as well adds its own waits to what is seen from outside.
 MAIN_THREAD_BOUND = 0.1 if IS_LONG else 0.5
-PASTES_IN_A_ROW = 300 if IS_LONG else 3
+PASTES_IN_A_ROW = 300 if IS_LONG else 12
 
 
 def texts():
