@@ -3,8 +3,6 @@
 
 #include "platform/x11/X11Connection.h"
 
-#include <optional>
-
 #include <xkbcommon/xkbcommon-x11.h>
 #include <xkbcommon/xkbcommon.h>
 
@@ -69,20 +67,30 @@ ChordKeys::ChordKeys(X11Connection &connection)
     , m_keyboard(X11Keyboard::create(connection))
     , m_context(xkb_context_new(XKB_CONTEXT_NO_FLAGS))
 {
-    if (m_keyboard != nullptr) {
-        QObject::connect(m_keyboard.get(), &X11Keyboard::mapChanged, m_keyboard.get(),
-                         [this] { m_keymap.reset(); });
-    }
+    if (m_keyboard == nullptr)
+        return;
+    QObject::connect(m_keyboard.get(), &X11Keyboard::mapChanged, m_keyboard.get(),
+                     [this] { forget(); });
+    QObject::connect(m_keyboard.get(), &X11Keyboard::groupChanged, m_keyboard.get(),
+                     [this](int group) { m_group = group; });
+    m_keyboard->watchGroup();
+    m_group = m_keyboard->group();
 }
 
 ChordKeys::~ChordKeys() = default;
+
+void ChordKeys::prepare()
+{
+    keymap();
+    modifiers();
+}
 
 quint8 ChordKeys::find(quint32 keysym, quint8 fallback)
 {
     xkb_keymap *const map = keymap();
     if (map == nullptr)
         return fallback;
-    if (const auto key = keyIn(map, static_cast<xkb_layout_index_t>(m_keyboard->group()), keysym))
+    if (const auto key = keyIn(map, static_cast<xkb_layout_index_t>(m_group), keysym))
         return *key;
     for (xkb_layout_index_t group = 0; group < xkb_keymap_num_layouts(map); ++group) {
         if (const auto key = keyIn(map, group, keysym))
@@ -91,7 +99,15 @@ quint8 ChordKeys::find(quint32 keysym, quint8 fallback)
     return fallback;
 }
 
-KeySet ChordKeys::modifiers() const
+// Without XKB nobody tells of a change.
+KeySet ChordKeys::modifiers()
+{
+    if (!m_modifiers || m_keyboard == nullptr)
+        m_modifiers = readModifiers();
+    return *m_modifiers;
+}
+
+KeySet ChordKeys::readModifiers() const
 {
     const auto mapping = m_connection.reply(xcb_get_modifier_mapping_reply,
                                             xcb_get_modifier_mapping(m_connection.xcb()));
@@ -119,6 +135,12 @@ KeySet ChordKeys::locks()
             keys[key] = keys[key] || isLock(symbolOf(map, key, group));
     }
     return keys;
+}
+
+void ChordKeys::forget()
+{
+    m_keymap.reset();
+    m_modifiers.reset();
 }
 
 xkb_keymap *ChordKeys::keymap()

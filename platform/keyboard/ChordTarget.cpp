@@ -51,11 +51,11 @@ QByteArray classAbove(X11Connection &connection, quint32 window)
 
 std::optional<quint32> windowForKeys(X11Connection &connection)
 {
-    const auto answer =
-        connection.reply(xcb_get_input_focus_reply, xcb_get_input_focus(connection.xcb()));
+    const auto cookie = xcb_get_input_focus(connection.xcb());
+    const quint32 windowManager = connection.windowManager();
+    const auto answer = connection.reply(xcb_get_input_focus_reply, cookie);
     if (!answer || answer->focus == XCB_INPUT_FOCUS_NONE)
         return std::nullopt;
-    const quint32 windowManager = connection.windowManager();
     std::optional<quint32> window = answer->focus;
     if (answer->focus == XCB_INPUT_FOCUS_POINTER_ROOT || answer->focus == connection.root()) {
         if (windowManager != XCB_NONE)

@@ -35,12 +35,19 @@ KeySet keysIn(const xcb_input_query_device_state_reply_t &answer)
     return {};
 }
 
-KeySet keysOn(X11Connection &connection, const std::vector<quint8> &devices)
+using StateCookies = std::vector<xcb_input_query_device_state_cookie_t>;
+
+StateCookies askFor(X11Connection &connection, const std::vector<quint8> &devices)
 {
-    std::vector<xcb_input_query_device_state_cookie_t> cookies;
+    StateCookies cookies;
     cookies.reserve(devices.size());
     for (const quint8 device : devices)
         cookies.push_back(xcb_input_query_device_state(connection.xcb(), device));
+    return cookies;
+}
+
+KeySet keysIn(X11Connection &connection, const StateCookies &cookies)
+{
     KeySet keys;
     for (const xcb_input_query_device_state_cookie_t cookie : cookies) {
         // A keyboard that was unplugged meanwhile holds no keys.
@@ -50,13 +57,21 @@ KeySet keysOn(X11Connection &connection, const std::vector<quint8> &devices)
     return keys;
 }
 
-bool isTestDevice(X11Connection &connection, quint16 device)
+std::vector<quint8> slaveKeyboards(X11Connection &connection)
 {
-    const auto property = connection.reply(
-        xcb_input_xi_get_property_reply,
-        xcb_input_xi_get_property(connection.xcb(), device, 0, connection.atom("XTEST Device"),
-                                  XCB_ATOM_ANY, 0, 1));
-    return property && property->num_items > 0;
+    const auto devices =
+        connection.reply(xcb_input_xi_query_device_reply,
+                         xcb_input_xi_query_device(connection.xcb(), XCB_INPUT_DEVICE_ALL));
+    if (!devices)
+        return {};
+    std::vector<quint8> keyboards;
+    auto device = xcb_input_xi_query_device_infos_iterator(devices.get());
+    for (; device.rem > 0; xcb_input_xi_device_info_next(&device)) {
+        const quint16 id = device.data->deviceid;
+        if (device.data->type == XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD && id <= 0xff)
+            keyboards.push_back(static_cast<quint8>(id));
+    }
+    return keyboards;
 }
 
 } // namespace
@@ -66,36 +81,37 @@ HeldKeys::HeldKeys(X11Connection &connection)
 {
 }
 
+// All are asked before the first answer is awaited: one round trip for the list, one for the marks.
 void HeldKeys::findKeyboards()
 {
     m_keyboards.clear();
     m_testKeyboards.clear();
-    const auto devices =
-        m_connection.reply(xcb_input_xi_query_device_reply,
-                           xcb_input_xi_query_device(m_connection.xcb(), XCB_INPUT_DEVICE_ALL));
-    if (!devices)
-        return;
-    auto device = xcb_input_xi_query_device_infos_iterator(devices.get());
-    for (; device.rem > 0; xcb_input_xi_device_info_next(&device)) {
-        const quint16 id = device.data->deviceid;
-        if (device.data->type != XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD || id > 0xff)
-            continue;
-        auto &group = isTestDevice(m_connection, id) ? m_testKeyboards : m_keyboards;
-        group.push_back(static_cast<quint8>(id));
+    const xcb_atom_t mark = m_connection.atom("XTEST Device");
+    const std::vector<quint8> keyboards = slaveKeyboards(m_connection);
+    std::vector<xcb_input_xi_get_property_cookie_t> cookies;
+    cookies.reserve(keyboards.size());
+    for (const quint8 id : keyboards) {
+        cookies.push_back(
+            xcb_input_xi_get_property(m_connection.xcb(), id, 0, mark, XCB_ATOM_ANY, 0, 1));
+    }
+    for (std::size_t i = 0; i < keyboards.size(); ++i) {
+        const auto property = m_connection.reply(xcb_input_xi_get_property_reply, cookies[i]);
+        const bool isTest = property && property->num_items > 0;
+        (isTest ? m_testKeyboards : m_keyboards).push_back(keyboards[i]);
     }
 }
 
-KeySet HeldKeys::anywhere() const
+HeldKeys::Now HeldKeys::now() const
 {
-    const auto cookie = xcb_query_keymap(m_connection.xcb());
-    const KeySet onDevices = keysOn(m_connection, m_testKeyboards) | physically();
-    const auto answer = m_connection.reply(xcb_query_keymap_reply, cookie);
-    return answer ? onDevices | keysIn(answer->keys) : onDevices;
-}
-
-KeySet HeldKeys::physically() const
-{
-    return keysOn(m_connection, m_keyboards);
+    const auto map = xcb_query_keymap(m_connection.xcb());
+    const StateCookies ofKeyboards = askFor(m_connection, m_keyboards);
+    const StateCookies ofTests = askFor(m_connection, m_testKeyboards);
+    Now now;
+    if (const auto answer = m_connection.reply(xcb_query_keymap_reply, map))
+        now.anywhere = keysIn(answer->keys);
+    now.physically = keysIn(m_connection, ofKeyboards);
+    now.anywhere |= now.physically | keysIn(m_connection, ofTests);
+    return now;
 }
 
 } // namespace platform

@@ -22,11 +22,14 @@ public:
     /// Looks which keyboards there are; they come and go.
     void findKeyboards();
 
-    /// Keys that are down on any device or count as down for programs.
-    KeySet anywhere() const;
+    struct Now
+    {
+        KeySet physically; ///< held down by the user on a real keyboard
+        KeySet anywhere;   ///< down on any device, or counting as down for programs
+    };
 
-    /// Keys that the user holds down on a real keyboard.
-    KeySet physically() const;
+    /// What is down now. Asks the server, in one round trip.
+    Now now() const;
 
 private:
     X11Connection &m_connection;

@@ -28,6 +28,7 @@ constexpr quint8 kFallbackControl = 29 + 8;
 constexpr quint8 kFallbackShift = 42 + 8;
 constexpr quint8 kFallbackInsert = 110 + 8;
 
+/// Between two looks for the window that gets the focus: the server tells nobody where it went.
 constexpr std::chrono::milliseconds kPollInterval{4};
 /// How long the focus may take to come back to another program's window.
 constexpr std::chrono::milliseconds kFocusDeadline{1000};
@@ -59,10 +60,12 @@ X11KeyEventPoster::X11KeyEventPoster(std::unique_ptr<X11Connection> connection,
     , m_held(*m_connection)
     , m_releases(*m_connection, RawInput::Kind::KeyRelease)
 {
-    m_pollTimer.setSingleShot(true);
-    m_pollTimer.setTimerType(Qt::PreciseTimer);
-    connect(&m_pollTimer, &QTimer::timeout, this, &X11KeyEventPoster::poll);
-    connect(&m_releases, &RawInput::happened, this, &X11KeyEventPoster::releaseWithUser);
+    m_lookTimer.setSingleShot(true);
+    m_lookTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_lookTimer, &QTimer::timeout, this, &X11KeyEventPoster::look);
+    connect(&m_releases, &RawInput::happened, this, &X11KeyEventPoster::keyReleased);
+    // The first paste is not to wait for the keyboard's map, nor the start of the program.
+    QTimer::singleShot(0, this, [this] { m_keys.prepare(); });
 }
 
 // The device of XTEST outlives its clients: a key that is not let go here would stay down on it
@@ -131,48 +134,66 @@ X11KeyEventPoster::Chord X11KeyEventPoster::chordFor(Purpose purpose, ChordStyle
     return {{control}, letter};
 }
 
-// The first look is taken from the event loop, so that what closes is painted before.
+// The first look is taken from the event loop, so that what closes is painted before. Releases are
+// watched before it, so that none is missed in between.
 void X11KeyEventPoster::startNext()
 {
     m_held.findKeyboards();
-    m_modifiers = m_keys.modifiers();
+    m_releases.start();
+    m_target.reset();
     m_sincePosted.start();
-    m_sinceFocus.invalidate();
-    m_pollTimer.start(0);
+    m_lookTimer.start(0);
 }
 
-void X11KeyEventPoster::poll()
+// The keys are asked for before the focus: whoever has it must still be the target when the chord
+// goes out.
+void X11KeyEventPoster::look()
 {
+    const HeldKeys::Now held = m_held.now();
     const std::optional<quint32> window = windowForKeys(*m_connection);
     if (!window) {
-        m_sinceFocus.invalidate();
-        if (m_sincePosted.hasExpired(kFocusDeadline.count())) {
-            qCInfo(logKeyboard) << "No window took the keyboard: nothing is typed";
-            finish(false);
-            return;
-        }
-    } else {
-        if (!m_sinceFocus.isValid())
-            m_sinceFocus.start();
-        if (areOtherKeysUp() || m_sinceFocus.hasExpired(kKeysDeadline.count())) {
-            typeInto(*window);
-            return;
-        }
+        waitForWindow();
+        return;
     }
-    m_pollTimer.start(kPollInterval);
+    aimAt(*window);
+    const qint64 left = kKeysDeadline.count() - m_sinceTarget.elapsed();
+    if (areOtherKeysUp(held.physically) || left <= 0)
+        typeIntoTarget(held);
+    else
+        m_lookTimer.start(static_cast<int>(left));
 }
 
-bool X11KeyEventPoster::areOtherKeysUp()
+void X11KeyEventPoster::aimAt(quint32 window)
 {
-    return (m_held.physically() & ~m_modifiers).none();
+    if (!m_target)
+        m_sinceTarget.start();
+    else if (m_target->window == window)
+        return;
+    m_target = Target{window, chordStyleOf(windowClassOf(*m_connection, window))};
+}
+
+bool X11KeyEventPoster::areOtherKeysUp(const KeySet &held)
+{
+    return (held & ~m_keys.modifiers()).none();
+}
+
+void X11KeyEventPoster::waitForWindow()
+{
+    m_target.reset();
+    if (!m_sincePosted.hasExpired(kFocusDeadline.count())) {
+        m_lookTimer.start(kPollInterval);
+        return;
+    }
+    qCInfo(logKeyboard) << "No window took the keyboard: nothing is typed";
+    finish(false);
 }
 
 // In a terminal of the xterm kind what is selected is the primary selection already, and no key
 // copies it: there the pasteboard takes it over.
-void X11KeyEventPoster::typeInto(quint32 window)
+void X11KeyEventPoster::typeIntoTarget(const HeldKeys::Now &held)
 {
     const Purpose purpose = m_queue.front();
-    const ChordStyle style = chordStyleOf(windowClassOf(*m_connection, window));
+    const ChordStyle style = m_target->style;
     if (style == ChordStyle::Primary && purpose == Purpose::Copy) {
         m_pasteboard.adoptPrimary();
         finish(true);
@@ -180,14 +201,13 @@ void X11KeyEventPoster::typeInto(quint32 window)
     }
     if (style == ChordStyle::Primary)
         m_pasteboard.offerAsPrimary();
-    burst(chordFor(purpose, style));
+    burst(chordFor(purpose, style), held);
     finish(true);
 }
 
-void X11KeyEventPoster::burst(const Chord &chord)
+void X11KeyEventPoster::burst(const Chord &chord, const HeldKeys::Now &held)
 {
-    const KeySet locks = m_keys.locks();
-    const KeySet before = m_held.anywhere() & ~locks;
+    const KeySet before = held.anywhere & ~m_keys.locks();
     m_pressedAgain.reset();
     release(before);
     for (const quint8 modifier : chord.modifiers)
@@ -197,7 +217,7 @@ void X11KeyEventPoster::burst(const Chord &chord)
     for (auto modifier = chord.modifiers.rbegin(); modifier != chord.modifiers.rend(); ++modifier)
         fake(XCB_KEY_RELEASE, *modifier);
     xcb_flush(m_connection->xcb());
-    pressAgain(before & m_modifiers);
+    pressAgain(before & m_keys.modifiers());
 }
 
 void X11KeyEventPoster::fake(quint8 type, quint8 key)
@@ -211,15 +231,13 @@ void X11KeyEventPoster::release(const KeySet &keys)
         if (keys[key])
             fake(XCB_KEY_RELEASE, static_cast<quint8>(key));
     }
-    xcb_flush(m_connection->xcb());
 }
 
 void X11KeyEventPoster::pressAgain(const KeySet &before)
 {
-    m_pressedAgain = before & m_held.physically();
-    if (m_pressedAgain.none())
+    if (before.none())
         return;
-    m_releases.start();
+    m_pressedAgain = before & m_held.now().physically;
     for (std::size_t key = 0; key < m_pressedAgain.size(); ++key) {
         if (m_pressedAgain[key])
             fake(XCB_KEY_PRESS, static_cast<quint8>(key));
@@ -227,21 +245,37 @@ void X11KeyEventPoster::pressAgain(const KeySet &before)
     releaseWithUser();
 }
 
+void X11KeyEventPoster::keyReleased()
+{
+    if (m_pressedAgain.any())
+        releaseWithUser();
+    if (!m_queue.empty())
+        look();
+}
+
 // Also looks at once after pressing: the user may have let go in between.
 void X11KeyEventPoster::releaseWithUser()
 {
-    const KeySet over = m_pressedAgain & ~m_held.physically();
+    const KeySet over = m_pressedAgain & ~m_held.now().physically;
     release(over);
+    xcb_flush(m_connection->xcb());
     m_pressedAgain &= ~over;
-    if (m_pressedAgain.none())
+    stopIfDone();
+}
+
+void X11KeyEventPoster::stopIfDone()
+{
+    if (m_queue.empty() && m_pressedAgain.none())
         m_releases.stop();
 }
 
 void X11KeyEventPoster::finish(bool sent)
 {
+    m_lookTimer.stop();
     m_queue.pop_front();
     if (!m_queue.empty())
         startNext();
+    stopIfDone();
     emit finished(sent);
 }
 

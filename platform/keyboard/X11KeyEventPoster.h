@@ -4,6 +4,7 @@
 #include "platform/keyboard/ChordKeys.h"
 #include "platform/keyboard/HeldKeys.h"
 #include "platform/keyboard/KeyEventPoster.h"
+#include "platform/keyboard/TerminalClasses.h"
 #include "platform/x11/RawInput.h"
 
 #include <QElapsedTimer>
@@ -18,14 +19,14 @@ namespace platform {
 
 class Pasteboard;
 class X11Connection;
-enum class ChordStyle;
 
 /// Types chords by the XTEST extension.
 ///
 /// Keys that the user still holds would mix in, so a chord is a burst: every key that is down is
 /// let go, the chord is typed, and the modifiers that are still held on a real keyboard are pressed
 /// again. The burst waits until no other key is down, because a key that is released in its middle
-/// can reach the program between the chord's own events. Locks stay as they are.
+/// can reach the program between the chord's own events; the server tells of every release. Locks
+/// stay as they are.
 ///
 /// What is pressed again is watched until the user lets it go, and is let go with it, or with the
 /// object; without that a release between the look and the press would leave the modifier stuck.
@@ -45,6 +46,14 @@ public:
 
 private:
     enum class Purpose { Paste, Copy };
+
+    /// The window that the chord is for.
+    struct Target
+    {
+        quint32 window;
+        ChordStyle style;
+    };
+
     struct Chord
     {
         std::vector<quint8> modifiers;
@@ -56,14 +65,18 @@ private:
     static std::optional<Purpose> purposeOf(quint16 keyCode);
     Chord chordFor(Purpose purpose, ChordStyle style);
     void startNext();
-    void poll();
-    bool areOtherKeysUp();
-    void typeInto(quint32 window);
-    void burst(const Chord &chord);
+    void look();
+    void aimAt(quint32 window);
+    bool areOtherKeysUp(const KeySet &held);
+    void waitForWindow();
+    void typeIntoTarget(const HeldKeys::Now &held);
+    void burst(const Chord &chord, const HeldKeys::Now &held);
     void fake(quint8 type, quint8 key);
     void release(const KeySet &keys);
     void pressAgain(const KeySet &before);
+    void keyReleased();
     void releaseWithUser();
+    void stopIfDone();
     void finish(bool sent);
 
     std::unique_ptr<X11Connection> m_connection;
@@ -71,12 +84,12 @@ private:
     ChordKeys m_keys;
     HeldKeys m_held;
     RawInput m_releases;
-    QTimer m_pollTimer;
+    QTimer m_lookTimer;
     QElapsedTimer m_sincePosted;
-    QElapsedTimer m_sinceFocus; ///< valid once a window for the chord was found
+    QElapsedTimer m_sinceTarget;    ///< runs while there is a target, also when it becomes another
+    std::optional<Target> m_target; ///< none while no window for the chord has the keyboard
     std::optional<Purpose> m_begun;
     std::deque<Purpose> m_queue; ///< the first one is being sent
-    KeySet m_modifiers;          ///< as mapped when the present chord began
     KeySet m_pressedAgain;       ///< held by the user and pressed again by us
 };
 

@@ -42,27 +42,28 @@ RawInput::RawInput(X11Connection &connection, Kind kind)
 
 void RawInput::start()
 {
-    if (!std::exchange(m_isStarted, true))
-        select(1U << m_eventType);
+    if (std::exchange(m_isStarted, true) || !isAvailable())
+        return;
+    m_connection.check(select(1U << m_eventType));
 }
 
 void RawInput::stop()
 {
-    if (std::exchange(m_isStarted, false))
-        select(0);
+    if (!std::exchange(m_isStarted, false) || !isAvailable())
+        return;
+    xcb_discard_reply(m_connection.xcb(), select(0).sequence);
+    xcb_flush(m_connection.xcb());
 }
 
-void RawInput::select(quint32 mask)
+xcb_void_cookie_t RawInput::select(quint32 mask)
 {
-    if (!isAvailable())
-        return;
     struct Selection
     {
         xcb_input_event_mask_t head;
         quint32 mask;
     } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
-    m_connection.check(xcb_input_xi_select_events_checked(m_connection.xcb(), m_connection.root(),
-                                                          1, &selection.head));
+    return xcb_input_xi_select_events_checked(m_connection.xcb(), m_connection.root(), 1,
+                                              &selection.head);
 }
 
 // The server adds a field after the first 32 bytes of these events, so only what comes before it

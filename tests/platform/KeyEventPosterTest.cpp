@@ -106,10 +106,8 @@ TEST_P(KeyEventPoster, theChordWaitsUntilTheKeyThatPickedIsUp)
     user.release(UserInput::kA);
 
     EXPECT_TRUE(isSent());
-    const auto keys = target.keys();
-    ASSERT_GE(keys.size(), 2U);
-    EXPECT_EQ(keys.front(), (Key{false, UserInput::kA, 0}));
-    EXPECT_EQ(typedInto(target, 1).back(), (Key{true, UserInput::kV, kControlDown}));
+    EXPECT_EQ(typedInto(target, 1), (std::vector<Key>{{true, UserInput::kV, kControlDown}}));
+    EXPECT_EQ(target.keys().front(), (Key{false, UserInput::kA, 0}));
 }
 
 TEST_P(KeyEventPoster, aKeyThatStaysDownDoesNotHoldTheChordBackForEver)
@@ -164,13 +162,13 @@ TEST_P(KeyEventPoster, nothingIsTypedIfNoWindowTakesTheKeyboard)
 {
     ASSERT_TRUE(target.showFocused());
     target.setFocus(XCB_INPUT_FOCUS_NONE);
-    // Some window managers give it back by themselves.
-    const bool isFocusGone = !QTest::qWaitFor([this] { return target.hasFocus(); }, kQuiet);
 
     postPaste();
 
-    EXPECT_EQ(isSent(), !isFocusGone);
-    EXPECT_EQ(target.typed().empty(), isFocusGone);
+    // Some window managers give it back by themselves, sooner or later.
+    const bool hasBeenSent = isSent();
+    EXPECT_EQ(hasBeenSent, target.hasFocus());
+    EXPECT_EQ(typedInto(target, hasBeenSent ? 1 : 0).size(), hasBeenSent ? 1U : 0U);
 }
 
 TEST_P(KeyEventPoster, theChordGoesOutAsSoonAsTheTargetHasTheKeyboard)
