@@ -281,7 +281,7 @@ TEST_F(GlobalShortcutsTest, rawKeysReachTheHandlersByCodeAndReducedModifiers)
     EXPECT_EQ(calls, (QStringList{QStringLiteral("down"), QStringLiteral("up")}));
 }
 
-TEST_F(GlobalShortcutsTest, theEventTypesAreTheDocumentedOnes)
+TEST_F(GlobalShortcutsTest, hotKeysAndRawKeysArriveAsPairsOfPressAndRelease)
 {
     using CarbonKeyboardShortcuts::hotKeyEventTypes;
     using CarbonKeyboardShortcuts::rawKeyEventTypes;

@@ -40,7 +40,7 @@ TEST(Shortcut, modifiersConvertBothWays)
               Modifier::Command | Modifier::Shift | Modifier::Option | Modifier::Control);
 }
 
-TEST(Shortcut, eventFlagsHaveTheirDocumentedBits)
+TEST(Shortcut, eachModifierHasABitOfItsOwnInEventFlags)
 {
     EXPECT_EQ(static_cast<quint32>(Modifier::Command), 0x100000U);
     EXPECT_EQ(static_cast<quint32>(Modifier::Shift), 0x20000U);
