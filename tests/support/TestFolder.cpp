@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,6 +24,8 @@ TestFolder::TestFolder()
         std::perror("the folder for temporary files");
         std::exit(EXIT_FAILURE);
     }
+    // Some tests look at files as another user, who has to get there.
+    chmod(m_path.constData(), S_IRWXU | S_IXGRP | S_IXOTH);
     qputenv("TMPDIR", m_path);
     startRemover();
 }
