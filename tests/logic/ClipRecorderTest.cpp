@@ -5,17 +5,32 @@
 #include "Quillery_Mac/store/PersistenceController.h"
 #include "tests/logic/FullDisk.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <unistd.h>
 
 #include <limits>
+#include <ostream>
+#include <string>
 
 namespace {
 
 constexpr double kLimitOfTwenty = 3;
+
+// Set to 1 for the loop that takes minutes.
+constexpr const char *kLongVariable = "QUILLERY_LONG";
+
+qint64 residentBytes()
+{
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    EXPECT_TRUE(statm.open(QIODevice::ReadOnly));
+    return statm.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
+}
 
 class ClipRecorderTest : public ::testing::Test
 {
@@ -63,6 +78,13 @@ protected:
                 return -1;
         }
         return qsizetype(clips.size());
+    }
+
+    /// The clips' file and its log.
+    qint64 fileBytes() const
+    {
+        const QString file = folder.filePath(QStringLiteral("clips.sqlite"));
+        return QFileInfo(file).size() + QFileInfo(file + QStringLiteral("-wal")).size();
     }
 
     QTemporaryDir folder;
@@ -227,6 +249,31 @@ TEST_F(ClipRecorderTest, aFailedSaveIsDroppedAndTheNextCopyIsSavedAgain)
 
     EXPECT_EQ(contents(), (std::vector<QByteArray>{"after", "before"}));
     EXPECT_EQ(denseCount(), 2);
+}
+
+TEST_F(ClipRecorderTest, manyCopiesLeaveMemoryFilesAndHistoryAsTheyAre)
+{
+    const int copies = qEnvironmentVariableIntValue(kLongVariable) == 1 ? 100'000 : 2'000;
+    const auto copy = [this](int number) {
+        record(QByteArray::number(number) + QByteArray(number % 2048, 'x'));
+        QCoreApplication::processEvents();
+    };
+    for (int number = 0; number < 500; ++number)
+        copy(number);
+    const qint64 before = residentBytes();
+
+    for (int number = 0; number < copies; ++number)
+        copy(number);
+
+    const qint64 after = residentBytes();
+    RecordProperty("residentBytesBefore", std::to_string(before));
+    RecordProperty("residentBytesAfter", std::to_string(after));
+#if !defined(__SANITIZE_ADDRESS__)
+    // Address checks keep what was freed.
+    EXPECT_LT(after, before + before / 20) << "before: " << before;
+#endif
+    EXPECT_EQ(denseCount(), 18);
+    EXPECT_LT(fileBytes(), 12 << 20);
 }
 
 TEST_F(ClipRecorderTest, aHistoryOf32765ClipsIsStillCounted)
