@@ -2,6 +2,7 @@
 #include "platform/windows/X11MenuWindows.h"
 
 #include "platform/log/Log.h"
+#include "platform/windows/FocuslessWindows.h"
 #include "platform/x11/X11Connection.h"
 
 #include <QApplication>
@@ -60,6 +61,7 @@ X11MenuWindows::X11MenuWindows(std::unique_ptr<X11Connection> connection)
     : m_connection(std::move(connection))
     , m_focus(*m_connection)
     , m_presses(*m_connection)
+    , m_gap(*m_connection)
 {
     m_pressTimer.setSingleShot(true);
     m_pressTimer.setInterval(kPressSettles);
@@ -109,6 +111,7 @@ void X11MenuWindows::showPopover(QWidget &popover)
     if (!m_popovers.contains(&popover))
         m_popovers.append(&popover);
     show(popover);
+    coverGap();
 }
 
 void X11MenuWindows::hidePopover(QWidget &popover)
@@ -117,6 +120,7 @@ void X11MenuWindows::hidePopover(QWidget &popover)
         take(*m_menu);
     m_popovers.removeAll(&popover);
     popover.hide();
+    coverGap();
 }
 
 void X11MenuWindows::giveKeyboardTo(QWidget &window)
@@ -154,7 +158,7 @@ bool X11MenuWindows::isInGroup(quint32 window) const
 {
     if (window == 0)
         return false;
-    return idOf(m_menu) == window ||
+    return idOf(m_menu) == window || m_gap.window() == window ||
            std::any_of(m_popovers.begin(), m_popovers.end(),
                        [window](const auto &popover) { return idOf(popover) == window; });
 }
@@ -209,7 +213,8 @@ void X11MenuWindows::watchActiveWindow(bool isWatched)
 void X11MenuWindows::activeWindowChanged()
 {
     const quint32 active = m_focus.active();
-    if (active == XCB_NONE || active == m_activeWindow || m_focus.isRememberedIn(active))
+    if (active == XCB_NONE || active == m_activeWindow || m_focus.isRememberedIn(active) ||
+        isFocusless(*m_connection, active))
         return;
     if (hasFocus()) {
         m_focus.remember(active);
@@ -245,6 +250,8 @@ void X11MenuWindows::pressed(quint32 window, quint32 time)
 {
     if (!m_isKey || isInGroup(window) || isPopupOfOurs(window) || time == m_insidePressTime)
         return;
+    if (isFocusless(*m_connection, managedUnderPointer(*m_connection, window)))
+        return;
     m_pressTime = time;
     m_pressTimer.start();
 }
@@ -252,6 +259,11 @@ void X11MenuWindows::pressed(quint32 window, quint32 time)
 bool X11MenuWindows::eventFilter(QObject *receiver, QEvent *event)
 {
     const auto *window = qobject_cast<QWindow *>(receiver);
+    // A popover grows and shrinks with what it shows.
+    if (event->type() == QEvent::Resize && window != nullptr && isOurs(*window)) {
+        X11Connection::syncToolkit();
+        coverGap();
+    }
     if (event->type() == QEvent::MouseButtonPress && window != nullptr && isOurs(*window)) {
         m_insidePressTime = static_cast<QMouseEvent *>(event)->timestamp();
         if (m_insidePressTime == m_pressTime)
@@ -273,8 +285,17 @@ void X11MenuWindows::pressSettled()
     resign();
 }
 
+void X11MenuWindows::coverGap()
+{
+    if (m_menu == nullptr || m_popovers.isEmpty() || m_popovers.constLast() == nullptr)
+        m_gap.hide();
+    else
+        m_gap.coverBetween(idOf(m_menu), idOf(m_popovers.constLast()));
+}
+
 void X11MenuWindows::hideAll()
 {
+    m_gap.hide();
     const QList<QPointer<QWidget>> popovers = std::exchange(m_popovers, {});
     for (const QPointer<QWidget> &popover : popovers) {
         if (popover != nullptr)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/windows/FocusKeeper.h"
+#include "platform/windows/GapCover.h"
 #include "platform/windows/MenuWindows.h"
 #include "platform/windows/OutsidePresses.h"
 
@@ -30,6 +31,9 @@ class X11Connection;
 /// 3. A window manager that activates another window may fail to take the focus from us: the server
 ///    ignores a request that carries an older time than ours (i3 does that). What it calls active
 ///    is what the user is to work in, so the menu goes.
+///
+/// A press on a window that never takes the keyboard, such as an on-screen keyboard, is no press
+/// elsewhere, nor is one in the gap between the menu and its popover.
 class X11MenuWindows : public MenuWindows
 {
     Q_OBJECT
@@ -64,6 +68,7 @@ private:
     void handle(const xcb_generic_event_t &event);
     void pressed(quint32 window, quint32 time);
     void pressSettled();
+    void coverGap();
     void hideAll();
     void resign();
     bool isOurs(const QWindow &window) const;
@@ -71,6 +76,7 @@ private:
     std::unique_ptr<X11Connection> m_connection;
     FocusKeeper m_focus;
     OutsidePresses m_presses;
+    GapCover m_gap;
     QTimer m_pressTimer;
     quint64 m_pressTime = 0;       ///< server's, of the press that the timer runs for
     quint64 m_insidePressTime = 0; ///< server's, of the last press that a window of ours got

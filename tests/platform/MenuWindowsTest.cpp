@@ -99,6 +99,44 @@ TEST_P(MenuWindows, clicksInTheMenuAndItsPopoverKeepTheKeyboard)
     EXPECT_TRUE(windows->isKey());
 }
 
+TEST_P(MenuWindows, aClickInTheGapBesideThePopoverKeepsTheKeyboard)
+{
+    target.setPlace(QRect(500, 100, 600, 500));
+    presentOverTarget();
+    windows->showPopover(popover);
+
+    user.clickAt({855, 300});
+    user.tap(UserInput::kA);
+
+    EXPECT_TRUE(waitFor([this] { return menu.presses == 1; }));
+    EXPECT_FALSE(resignsWithin(kQuiet));
+    EXPECT_EQ(target.focusedWindow(), idOf(menu));
+}
+
+TEST_P(MenuWindows, whereThePopoverWasAClickResigns)
+{
+    presentOverTarget();
+    windows->showPopover(popover);
+    windows->hidePopover(popover);
+
+    user.clickAt({855, 300});
+
+    EXPECT_TRUE(resignsWithin(kPatience));
+}
+
+TEST_P(MenuWindows, theGapFollowsThePopoversSize)
+{
+    presentOverTarget();
+    menu.resize(menu.width(), 2 * menu.height());
+    windows->showPopover(popover);
+    popover.resize(popover.width(), menu.height() / 4);
+    ASSERT_TRUE(waitFor([this] { return popover.height() == menu.height() / 4; }));
+
+    user.clickAt({855, 400});
+
+    EXPECT_TRUE(resignsWithin(kPatience));
+}
+
 TEST_P(MenuWindows, theLastPixelOfTheMenuIsInside)
 {
     presentOverTarget();
@@ -347,6 +385,52 @@ TEST_P(WheelLeavesFocus, turningTheWheelElsewhereKeepsTheKeyboard)
     user.clickAt(target.centre(), 5);
 
     EXPECT_FALSE(resignsWithin(kQuiet));
+}
+
+/// An on-screen keyboard: a window that says that it never takes the keyboard.
+class OnScreenKeyboard : public MenuWindowsFixture
+{
+protected:
+    OnScreenKeyboard()
+    {
+        // WM_HINTS: the window takes no input, in the normal state.
+        keyboard.setNumbers("WM_HINTS", XCB_ATOM_WM_HINTS, {3, 0, 1, 0, 0, 0, 0, 0, 0});
+    }
+
+    void present()
+    {
+        keyboard.map();
+        ASSERT_TRUE(waitFor([this] { return keyboard.isManaged(); }));
+        presentOverTarget();
+    }
+
+    ForeignWindow keyboard{"Keyboard", QRect(700, 550, 300, 150)};
+};
+/// The others take the keyboard from us even for a window that does not want it.
+INSTANTIATE_TEST_SUITE_P(On, OnScreenKeyboard, ::testing::Values(WindowManager::Kind::Openbox),
+                         ::testing::PrintToStringParamName());
+
+TEST_P(OnScreenKeyboard, aClickOnItKeepsTheKeyboard)
+{
+    present();
+
+    user.clickAt(keyboard.centre());
+    user.tap(UserInput::kA);
+
+    EXPECT_TRUE(waitFor([this] { return menu.presses == 1; }));
+    EXPECT_FALSE(resignsWithin(kQuiet));
+    EXPECT_TRUE(windows->isKey());
+}
+
+TEST_P(OnScreenKeyboard, aBarThatTakesNoKeyboardEitherIsElsewhere)
+{
+    keyboard.setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+                        {keyboard.atom("_NET_WM_WINDOW_TYPE_DOCK")});
+    present();
+
+    user.clickAt(keyboard.centre());
+
+    EXPECT_TRUE(resignsWithin(kPatience));
 }
 
 /// Focus on nothing, and focus that follows the pointer, are states to be restored like any other.

@@ -50,6 +50,18 @@ void ForeignWindow::map()
     xcb_flush(xcb());
 }
 
+void ForeignWindow::setPlace(const QRect &place)
+{
+    const quint32 values[] = {static_cast<quint32>(place.x()), static_cast<quint32>(place.y()),
+                              static_cast<quint32>(place.width()),
+                              static_cast<quint32>(place.height())};
+    xcb_configure_window(xcb(), m_window,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
+                             XCB_CONFIG_WINDOW_HEIGHT,
+                         values);
+    xcb_flush(xcb());
+}
+
 void ForeignWindow::destroy()
 {
     xcb_destroy_window(xcb(), m_window);

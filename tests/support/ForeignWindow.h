@@ -34,6 +34,8 @@ public:
     xcb_connection_t *xcb() const { return m_connection.get(); }
 
     void map();
+    /// Moves the window, and gives it a size; before it is mapped.
+    void setPlace(const QRect &place);
     /// Whether a window manager has taken the window over.
     bool isManaged() const;
     void destroy();
