@@ -63,6 +63,8 @@ X11MenuWindows::X11MenuWindows(std::unique_ptr<X11Connection> connection)
     , m_presses(*m_connection)
     , m_gap(*m_connection)
 {
+    // Asking for the native window of a popover would make the widgets inside its menu native too.
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
     m_pressTimer.setSingleShot(true);
     m_pressTimer.setInterval(kPressSettles);
     connect(&m_pressTimer, &QTimer::timeout, this, &X11MenuWindows::pressSettled);

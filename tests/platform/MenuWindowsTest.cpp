@@ -137,6 +137,21 @@ TEST_P(MenuWindows, theGapFollowsThePopoversSize)
     EXPECT_TRUE(resignsWithin(kPatience));
 }
 
+TEST_P(MenuWindows, aPopoverMakesNoWindowsInsideTheMenu)
+{
+    const QWidget first(&menu);
+    const QWidget second(&menu);
+    QWidget beside(&menu, Qt::Tool);
+    windows->prepare(beside);
+    presentOverTarget();
+
+    windows->showPopover(beside);
+
+    EXPECT_EQ(first.internalWinId(), 0U);
+    EXPECT_EQ(second.internalWinId(), 0U);
+    windows->dismiss();
+}
+
 TEST_P(MenuWindows, theLastPixelOfTheMenuIsInside)
 {
     presentOverTarget();
