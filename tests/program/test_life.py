@@ -10,8 +10,9 @@ import pytest
 
 from conftest import IS_LONG
 from menus import open_by_second_start
+from terminals import SELECTING_TERMINALS, select_the_word, start_with_a_word
 from support.desktop import START_BOUND
-from support.quillery import BUS_NAME
+from support.quillery import ADD, BUS_NAME
 from support.samples import mixed_text
 from support.targets import GtkTarget
 from support.waiting import stays, wait_until
@@ -117,6 +118,22 @@ def test_the_add_shortcut_copies_the_selection_and_opens_the_form(desktop, new_u
         wait_until(lambda: titles(user) == ["Add Snippet"], START_BOUND, lambda: str(user.windows()))
         assert desktop.clipboard() == b"selected"
         wait_until(lambda: user.contents() == [b"selected"], START_BOUND, lambda: str(user.clips()))
+
+
+@pytest.mark.parametrize("terminal", SELECTING_TERMINALS)
+def test_the_add_shortcut_takes_what_is_selected_in_a_terminal(each_desktop, new_user, terminal):
+    desktop = each_desktop
+    with new_user(desktop) as user:
+        source, window = start_with_a_word(desktop, SELECTING_TERMINALS[terminal])
+        wait_until(lambda: select_the_word(desktop, window), START_BOUND, "the word is selected")
+        assert desktop.server.selection_owner() == 0
+        desktop.key(ADD)
+
+        wait_until(lambda: titles(user) == ["Add Snippet"], START_BOUND, lambda: str(user.windows()))
+        assert desktop.clipboard() == b"word"
+        wait_until(lambda: user.contents() == [b"word"], START_BOUND,
+                   lambda: str(user.clips()))
+        desktop.processes.end(source)
 
 
 def test_quitting_by_the_bus_releases_the_name_and_the_keys(desktop, new_user):

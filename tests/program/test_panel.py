@@ -149,6 +149,19 @@ def test_the_panel_goes_when_another_program_takes_the_focus(user, target):
         wait_until(other.has_focus, START_BOUND, "the other program has the keyboard")
 
 
+def test_the_panel_goes_when_a_task_list_activates_another_program_under_i3(desktops, new_user):
+    desktop = desktops.get(window_manager="i3", accessibility=True)
+    with new_user(desktop, clips=["only"]) as user, XtermTarget(desktop) as other:
+        with GtkTarget(desktop):
+            user.summon()
+            desktop.run(["wmctrl", "-a", other.title])
+
+            user.wait_gone()
+            wait_until(other.has_focus, START_BOUND, "the other program has the keyboard")
+            desktop.type_text("q")
+            other.wait_for_text(b"q")
+
+
 def test_a_click_into_the_panel_leaves_it_open(user, target):
     user.desktop.move_pointer(300, 200)
     user.summon()
@@ -208,6 +221,39 @@ def test_a_space_goes_into_the_search(user, target):
     user.desktop.type_text("a b")
 
     wait_until(lambda: "a b" in user.desktop.accessibility.texts("Quillery"), START_BOUND, "the search reads \"a b\"")
+
+
+@pytest.fixture
+def layout(user):
+    """Changes the keyboard's layout for one test."""
+    yield lambda *arguments: user.desktop.run(["setxkbmap", *arguments])
+    user.desktop.run(["setxkbmap", "-layout", "us", "-variant", "", "-option", ""])
+
+
+def wait_for_search(user, text):
+    wait_until(lambda: text in user.desktop.accessibility.texts("Quillery"), START_BOUND,
+               lambda: f"the search reads {text!r}: {user.desktop.accessibility.texts('Quillery')}")
+
+
+def test_a_dead_key_accents_the_next_letter_in_the_search(user, target, layout):
+    layout("us", "-variant", "intl")
+    user.summon()
+    user.desktop.type_text("n")
+    wait_for_search(user, "n")
+    user.desktop.type_text("'e")
+
+    wait_for_search(user, "né")
+
+
+def test_the_compose_key_makes_one_letter_of_two_in_the_search(user, target, layout):
+    layout("us", "-option", "compose:menu")
+    user.summon()
+    user.desktop.type_text("s")
+    wait_for_search(user, "s")
+    user.desktop.key("Menu")
+    user.desktop.type_text("oe")
+
+    wait_for_search(user, "sœ")
 
 
 def test_a_folder_opens_by_the_right_arrow_and_its_snippet_pastes(user, target):

@@ -3,13 +3,16 @@
 
 import pytest
 
-from menus import DOUBLE_CLICK
+from terminals import TERMINALS, copy_the_word, start_with_a_word
 from support.desktop import START_BOUND, support_path
+from support.recorder import RequestRecorder
 from support.samples import mixed_text
 from support.targets import GtkTarget, QtTarget
-from support.waiting import NotReached, stays, wait_until
+from support.waiting import stays, wait_until
 
 RECORD_BOUND = 2.0  # seconds from a copy to its clip
+POLL = 1.0  # seconds between two looks at the clipboard
+POLLS = 3.5 * POLL
 QUIET = 2.5  # seconds after which a copy that was to be ignored is known to be ignored
 SECRET = "correct horse battery staple"
 
@@ -38,35 +41,11 @@ def test_a_copy_made_in_a_text_field_is_recorded_within_two_seconds(desktop, new
         wait_for_contents(user, [b"typed by hand"], RECORD_BOUND)
 
 
-PRINT_A_WORD = ["sh", "-c", "printf word; exec cat"]
-
-# How a user copies in a terminal: the command, and the keys after the word has been selected.
-TERMINALS = {
-    "xterm": (["xterm", "-T", "source", "-xrm", "XTerm*selectToClipboard: true", "-e"], None),
-    "vte": (["xfce4-terminal", "--disable-server", "--title=source", "--dynamic-title-mode=none",
-             "--hide-menubar", "--hide-toolbar", "-x"], "ctrl+shift+c"),
-}
-
-
-def copy_the_word(desktop, window, copy_keys):
-    """By a double click on it, which selects nothing before the terminal has printed it."""
-    desktop.click(window.x + 14, window.y + 14)
-    desktop.hands.button()
-    if copy_keys:
-        desktop.key(copy_keys)
-    try:
-        return wait_until(lambda: desktop.server.selection_owner() != 0
-                          and desktop.clipboard().strip() == b"word", DOUBLE_CLICK, "copied")
-    except NotReached:
-        return False
-
-
 @pytest.mark.parametrize("terminal", TERMINALS)
 def test_a_copy_made_in_a_terminal_is_recorded_within_two_seconds(desktop, new_user, terminal):
     command, copy_keys = TERMINALS[terminal]
     with new_user(desktop) as user:
-        source = desktop.start([*command, *PRINT_A_WORD])
-        window = wait_until(lambda: desktop.server.find_windows(title="source"), START_BOUND, terminal)[0]
+        source, window = start_with_a_word(desktop, command)
 
         wait_until(lambda: copy_the_word(desktop, window, copy_keys), START_BOUND, "the word is copied")
 
@@ -209,3 +188,25 @@ def test_recording_works_without_a_session_bus(desktops, new_user):
         user.desktop.copy("no bus")
 
         wait_for_contents(user, [b"no bus"], RECORD_BOUND)
+
+
+def test_the_poll_asks_the_server_for_nothing_while_nothing_is_copied(desktop, new_user):
+    with RequestRecorder(desktop) as requests, new_user(desktop, clips=["old"]) as user:
+        desktop.copy("noticed by the poll")
+        wait_for_contents(user, [b"noticed by the poll", b"old"])
+        wait_until(lambda: is_still(requests), START_BOUND, "nothing is asked any more")
+        before = requests.count
+
+        stays(lambda: requests.count == before, POLLS, "nothing is asked")
+        user.summon()
+        assert requests.count > before
+
+
+def is_still(requests):
+    """Whether nothing is asked for a while that is shorter than a poll."""
+    before = requests.count
+    try:
+        stays(lambda: requests.count == before, POLL / 2, "quiet")
+    except AssertionError:
+        return False
+    return True
