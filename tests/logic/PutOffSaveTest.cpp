@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <future>
 #include <mutex>
@@ -21,28 +22,18 @@
 
 namespace {
 
-/// The files that were brought to the disk, and by which thread.
+/// While it lives: the files that were brought to the disk, and by which thread.
 class DiskWatch
 {
 public:
-    static DiskWatch &instance()
-    {
-        static DiskWatch watch;
-        return watch;
-    }
+    DiskWatch() { s_current = this; }
+    ~DiskWatch() { s_current = nullptr; }
+    Q_DISABLE_COPY_MOVE(DiskWatch)
 
-    void note(int file)
+    static void noteFor(int file)
     {
-        const std::lock_guard locked(m_lock);
-        std::error_code error;
-        const auto path =
-            std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), error);
-        m_syncs.emplace_back(std::this_thread::get_id(), path.filename().string());
-    }
-    void clear()
-    {
-        const std::lock_guard locked(m_lock);
-        m_syncs.clear();
+        if (DiskWatch *watch = s_current)
+            watch->note(file);
     }
     long byThisThread()
     {
@@ -58,6 +49,17 @@ public:
 private:
     using Sync = std::pair<std::thread::id, std::string>;
 
+    void note(int file)
+    {
+        const std::lock_guard locked(m_lock);
+        std::error_code error;
+        const auto path =
+            std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), error);
+        m_syncs.emplace_back(std::this_thread::get_id(), path.filename().string());
+    }
+
+    static inline std::atomic<DiskWatch *> s_current = nullptr;
+
     std::mutex m_lock;
     std::vector<Sync> m_syncs;
 };
@@ -67,7 +69,7 @@ private:
 // Stands before the system's own.
 extern "C" int fdatasync(int file)
 {
-    DiskWatch::instance().note(file);
+    DiskWatch::noteFor(file);
     return static_cast<int>(::syscall(SYS_fdatasync, file));
 }
 
@@ -278,7 +280,7 @@ TEST_F(PutOffSaveTest, theMainThreadDoesNotWaitForTheDisk)
     Snippet *snippet = addSnippet(mine, 1);
     ASSERT_EQ(view().save(), Saved::Now);
     container().waitForBackgroundTasks();
-    DiskWatch::instance().clear();
+    DiskWatch watch;
 
     // Long enough for logs to be written back and begun anew on the way.
     for (int turn = 0; turn < 60; ++turn) {
@@ -287,14 +289,17 @@ TEST_F(PutOffSaveTest, theMainThreadDoesNotWaitForTheDisk)
         container().waitForBackgroundTasks();
     }
 
-    EXPECT_EQ(DiskWatch::instance().byThisThread(), 0);
-    EXPECT_GT(DiskWatch::instance().of("snippets.sqlite"), 0);
+    EXPECT_EQ(watch.byThisThread(), 0);
+    EXPECT_GT(watch.of("snippets.sqlite"), 0);
 }
 
 TEST_F(PutOffSaveTest, aSaveIsToldOnceItIsOnTheDisk)
 {
+    addSnippet(QStringLiteral("begins a log"), 0);
+    ASSERT_EQ(view().save(), Saved::Now);
+    container().waitForBackgroundTasks();
     QCoreApplication::processEvents();
-    DiskWatch::instance().clear();
+    DiskWatch watch;
     QSignalSpy didSave(&container(), &PersistentContainer::didSave);
     std::promise<void> mayGoOn;
     container().performBackgroundTask(
@@ -307,5 +312,6 @@ TEST_F(PutOffSaveTest, aSaveIsToldOnceItIsOnTheDisk)
     mayGoOn.set_value();
 
     ASSERT_TRUE(didSave.wait());
-    EXPECT_GE(DiskWatch::instance().of("snippets.sqlite-wal"), 1);
+    container().waitForBackgroundTasks();
+    EXPECT_GE(watch.of("snippets.sqlite-wal"), 1);
 }
