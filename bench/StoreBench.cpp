@@ -256,6 +256,41 @@ void searchKeystroke(benchmark::State &state)
 }
 BENCHMARK(searchKeystroke)->Unit(benchmark::kMillisecond)->Iterations(10);
 
+// A search that is typed while the texts are still being folded: how long each run of it keeps the
+// main thread, until everything is found.
+void searchWhilePreparing(benchmark::State &state)
+{
+    const Stores &stores = fullLibrary();
+    const auto snippets = stores.view().fetch<Snippet>();
+    std::vector<double> runs;
+    std::vector<double> complete;
+    for (auto step : state) {
+        SnippetMatcher matcher;
+        QElapsedTimer all;
+        bool isComplete = false;
+        const auto search = [&] {
+            QElapsedTimer timer;
+            timer.start();
+            matcher.setSearchText(QStringLiteral(" "));
+            isComplete = true;
+            for (const Snippet *snippet : snippets)
+                isComplete = matcher.matches(*snippet) && isComplete;
+            runs.push_back(milliseconds(timer));
+        };
+        QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher, search);
+        all.start();
+        matcher.prepare(stores.container());
+        search();
+        while (!isComplete)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        complete.push_back(milliseconds(all));
+        stores.container().waitForBackgroundTasks();
+    }
+    report(state, "run", runs);
+    report(state, "complete", complete);
+}
+BENCHMARK(searchWhilePreparing)->Unit(benchmark::kMillisecond)->Iterations(5);
+
 // One copy into a full history: in all, and what of it falls on the main thread (the merge).
 void recordOneClip(benchmark::State &state)
 {

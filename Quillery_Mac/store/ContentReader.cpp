@@ -60,6 +60,12 @@ std::optional<QByteArray> readContent(StoreConnection &connection, const Entity 
     return content.read(content.size());
 }
 
+qsizetype readContentSize(StoreConnection &connection, const Entity &entity, qint64 objectId)
+{
+    const OpenContent content(connection, entity, objectId);
+    return content.isOpen() ? content.size() : 0;
+}
+
 TextPreview readPreview(StoreConnection &connection, const Entity &entity, qint64 objectId)
 {
     const OpenContent content(connection, entity, objectId);

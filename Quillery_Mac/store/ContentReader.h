@@ -13,6 +13,10 @@ class StoreConnection;
 std::optional<QByteArray> readContent(StoreConnection &connection, const Entity &entity,
                                       qint64 objectId);
 
+/// How many bytes the content of a row has; 0 if the row or its content is missing. Reads none of
+/// them. Throws SQLite::Exception.
+qsizetype readContentSize(StoreConnection &connection, const Entity &entity, qint64 objectId);
+
 /// The preview of the content of a row, reading at most kPreviewBytes of it. Throws
 /// SQLite::Exception.
 TextPreview readPreview(StoreConnection &connection, const Entity &entity, qint64 objectId);

@@ -17,6 +17,11 @@ TextPreview ManagedObject::preview() const
     return m_context ? m_context->preview(*this) : TextPreview();
 }
 
+qsizetype ManagedObject::contentSize() const
+{
+    return m_context ? m_context->contentSize(*this) : 0;
+}
+
 std::optional<QByteArray> ManagedObject::contentValue() const
 {
     return m_context ? m_context->content(*this) : std::nullopt;

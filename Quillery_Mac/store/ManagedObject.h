@@ -37,6 +37,8 @@ public:
 
     /// The start of the content; reads only a bounded piece of it, however long it is.
     TextPreview preview() const;
+    /// How long the content is, in bytes; 0 if it is missing. Reads nothing of it.
+    qsizetype contentSize() const;
     /// A number that is another one after every change of a text of this object, by whomever.
     quint64 textRevision() const { return m_textRevision; }
 

@@ -153,6 +153,22 @@ TextPreview ManagedObjectContext::preview(const ManagedObject &object) const
     }
 }
 
+qsizetype ManagedObjectContext::contentSize(const ManagedObject &object) const
+{
+    const Entity &entity = object.entity();
+    if (object.m_isInserted || (object.m_dirty & (1U << entity.contentAttribute)))
+        return object.optionalValue<QByteArray>(entity.contentAttribute).value_or("").size();
+    StoreConnection *file = connection(entity.store);
+    if (!file)
+        return 0;
+    try {
+        return readContentSize(*file, entity, object.objectId());
+    } catch (const SQLite::Exception &error) {
+        qCWarning(logStore) << file->failed(error, QStringLiteral("Read a text from")).text;
+        return 0;
+    }
+}
+
 void ManagedObjectContext::noteChange(ManagedObject &object)
 {
     ObjectTable &objects = table(object.entity());

@@ -128,6 +128,7 @@ private:
 
     std::optional<QByteArray> content(const ManagedObject &object) const;
     TextPreview preview(const ManagedObject &object) const;
+    qsizetype contentSize(const ManagedObject &object) const;
     /// A setter changed an attribute of an object of ours.
     void noteChange(ManagedObject &object);
 

@@ -30,6 +30,7 @@ PersistentContainer::PersistentContainer(const std::vector<StoreDescription> &de
 
 PersistentContainer::~PersistentContainer()
 {
+    m_reading.reset();
     finishTasks();
     m_background.reset();
 }
@@ -65,23 +66,38 @@ void PersistentContainer::performBackgroundTask(Task task)
 void PersistentContainer::startTask(Task task)
 {
     m_background->add([this, task = std::move(task)] {
-        StoreConnections connections{};
-        for (const StoreKind kind : kStoreKinds) {
-            const auto index = static_cast<std::size_t>(kind);
-            connections[index] =
-                m_stores[index] ? m_stores[index]->backgroundConnection() : nullptr;
-        }
-        {
-            ManagedObjectContext context(ManagedObjectContext::Role::Background, connections,
-                                         *m_mergeQueue);
-            task(context);
-        }
+        runTask(task, &PersistentStore::backgroundConnection);
         writeBackLogs();
     });
 }
 
+void PersistentContainer::performBackgroundReading(Task task, std::function<void()> done)
+{
+    if (!m_reading)
+        m_reading = std::make_unique<BackgroundQueue>();
+    m_reading->add([this, task = std::move(task), done = std::move(done)] {
+        runTask(task, &PersistentStore::readingConnection);
+        QMetaObject::invokeMethod(this, done, Qt::QueuedConnection);
+    });
+}
+
+void PersistentContainer::runTask(const Task &task, ConnectionOf connectionOf)
+{
+    StoreConnections connections{};
+    for (const StoreKind kind : kStoreKinds) {
+        const auto index = static_cast<std::size_t>(kind);
+        PersistentStore *store = m_stores[index].get();
+        connections[index] = store ? (store->*connectionOf)() : nullptr;
+    }
+    ManagedObjectContext context(ManagedObjectContext::Role::Background, connections,
+                                 *m_mergeQueue);
+    task(context);
+}
+
 void PersistentContainer::waitForBackgroundTasks()
 {
+    if (m_reading)
+        m_reading->wait();
     finishTasks();
     m_viewContext->mergeQueued();
 }

@@ -40,8 +40,13 @@ public:
     /// context of its own that ends with the task. The task saves the context itself.
     void performBackgroundTask(Task task);
 
-    /// Returns when all tasks given so far have ended and what they saved is merged into the view
-    /// context.
+    /// Runs `task` on a second private thread, after all readings given before, with a context that
+    /// can only read: for long work that no recording should wait for. `done` is called afterwards
+    /// by the event loop of the main thread.
+    void performBackgroundReading(Task task, std::function<void()> done);
+
+    /// Returns when all tasks and readings given so far have ended and what they saved is merged
+    /// into the view context.
     void waitForBackgroundTasks();
 
     /// Whether the store of this kind was loaded and is in use.
@@ -57,6 +62,8 @@ signals:
 private:
     void load(const StoreDescription &description);
     void startTask(Task task);
+    using ConnectionOf = StoreConnection *(PersistentStore::*)();
+    void runTask(const Task &task, ConnectionOf connectionOf);
     void saveWhenWritable();
     void writersAreDone(bool areDone);
     /// Ends the tasks given so far, those held back too.
@@ -73,6 +80,7 @@ private:
     std::unique_ptr<MergeQueue> m_mergeQueue;
     std::unique_ptr<ManagedObjectContext> m_viewContext;
     std::unique_ptr<BackgroundQueue> m_background;
+    std::unique_ptr<BackgroundQueue> m_reading; ///< made for the first reading
     bool m_isWaitingForWriters = false;
     std::vector<Task> m_heldTasks; ///< given while m_isWaitingForWriters
 };

@@ -114,16 +114,31 @@ PersistentStore::PersistentStore(const StoreDescription &description)
 
 StoreConnection *PersistentStore::backgroundConnection()
 {
-    if (m_background || !isUsable())
-        return m_background.get();
+    if (!m_background && isUsable())
+        m_background = connect();
+    return m_background.get();
+}
+
+StoreConnection *PersistentStore::readingConnection()
+{
+    if (!m_reading && isUsable()) {
+        m_reading = connect();
+        if (m_reading)
+            m_reading->database().exec("PRAGMA query_only = ON");
+    }
+    return m_reading.get();
+}
+
+std::unique_ptr<StoreConnection> PersistentStore::connect()
+{
     try {
         auto connection = std::make_unique<StoreConnection>(m_description.file, m_health);
         connection->useStore();
-        m_background = std::move(connection);
+        return connection;
     } catch (const SQLite::Exception &error) {
-        qCWarning(logStore) << "background connection:" << error.what();
+        qCWarning(logStore) << "further connection:" << error.what();
+        return nullptr;
     }
-    return m_background.get();
 }
 
 bool PersistentStore::waitForWriter()

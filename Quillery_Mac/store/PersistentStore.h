@@ -6,8 +6,8 @@
 
 #include <memory>
 
-/// One loaded store file: the connections of the main and of the background thread, and the upkeep
-/// of its log.
+/// One loaded store file: the connections of the main, the background and the reading thread, and
+/// the upkeep of its log.
 class PersistentStore
 {
 public:
@@ -25,6 +25,8 @@ public:
     /// The background thread's connection, opened at the first call; null if that fails. Only
     /// there.
     StoreConnection *backgroundConnection();
+    /// The same for the reading thread; this connection cannot write.
+    StoreConnection *readingConnection();
 
     /// Returns as soon as nobody else writes to the file; false if somebody still does after the
     /// connection's patience. Background thread.
@@ -39,6 +41,7 @@ public:
     void syncLog();
 
 private:
+    std::unique_ptr<StoreConnection> connect();
     void beginNewLog();
 
     explicit PersistentStore(const StoreDescription &description);
@@ -47,4 +50,5 @@ private:
     StoreHealth m_health;
     std::unique_ptr<StoreConnection> m_view;
     std::unique_ptr<StoreConnection> m_background;
+    std::unique_ptr<StoreConnection> m_reading;
 };

@@ -17,7 +17,7 @@ class Snippet;
 /// has, so that nothing is found across them.
 QByteArray foldedTexts(TextFold &fold, const Snippet &snippet);
 
-/// Folds the texts of the snippets on the background thread and hands them, batch by batch, to the
+/// Folds the texts of the snippets on the reading thread and hands them, batch by batch, to the
 /// main thread, which never waits for it.
 class PreparedTexts
 {
@@ -34,7 +34,10 @@ public:
     ///        unsaved texts, for the file is what is folded
     PreparedTexts(const QLocale &locale, std::unordered_map<qint64, quint64> revisions);
 
-    /// The work. Background thread.
+    /// Folds this text too, which is not in the file as it is now. Before fold(). Main thread.
+    void addUnsaved(const Snippet &snippet);
+
+    /// The work. Reading thread.
     void fold(ManagedObjectContext &context);
 
     /// Ends fold() early. Main thread.
@@ -43,12 +46,24 @@ public:
     bool isFinished() const { return m_isFinished; }
     /// The oldest batch made and not yet taken; none if there is none now. Main thread.
     std::optional<std::vector<Item>> takeBatch();
+    /// Whether there is no such batch now. Main thread.
+    bool isEmpty();
 
 private:
+    struct Unsaved
+    {
+        qint64 objectId;
+        quint64 revision;
+        QString title;
+        QByteArray content;
+    };
+
     void publish(std::vector<Item> batch);
+    void finish(std::vector<Item> lastBatch);
 
     QLocale m_locale;
     std::unordered_map<qint64, quint64> m_revisions;
+    std::vector<Unsaved> m_unsaved;
     std::atomic<bool> m_isCancelled = false;
     std::atomic<bool> m_isFinished = false;
     std::mutex m_lock;

@@ -7,7 +7,9 @@
 #include "Quillery_Mac/store/Snippet.h"
 
 #include <QMetaMethod>
+#include <QPointer>
 
+#include <limits>
 #include <utility>
 
 namespace {
@@ -15,8 +17,11 @@ namespace {
 // Leaves the main thread time for everything else between two runs of a search.
 constexpr std::chrono::milliseconds kPause{10};
 
-// Of 512 texts each: taking one over costs some 0.2 ms.
+// Of 512 texts each.
 constexpr int kBatchesPerSearch = 16;
+
+// Folding takes some 5 ms for so many bytes, and up to half a second for 50 MB.
+constexpr qsizetype kLongContent = 1 << 20;
 
 } // namespace
 
@@ -37,6 +42,7 @@ SnippetMatcher::~SnippetMatcher()
 
 void SnippetMatcher::prepare(PersistentContainer &container)
 {
+    m_container = &container;
     if (m_prepared)
         return;
     std::unordered_map<qint64, quint64> missing;
@@ -51,8 +57,8 @@ void SnippetMatcher::prepare(PersistentContainer &container)
     if (missing.empty())
         return;
     m_prepared = std::make_shared<PreparedTexts>(m_locale, std::move(missing));
-    container.performBackgroundTask(
-        [prepared = m_prepared](ManagedObjectContext &context) { prepared->fold(context); });
+    container.performBackgroundReading(
+        [prepared = m_prepared](ManagedObjectContext &context) { prepared->fold(context); }, [] {});
 }
 
 void SnippetMatcher::setSearchText(const QString &text)
@@ -76,6 +82,10 @@ bool SnippetMatcher::matches(const Snippet &snippet)
         m_again.start();
         return false;
     }
+    if (isTooLongToFoldHere(snippet)) {
+        foldElsewhere(snippet);
+        return false;
+    }
     m_index->insert(objectId, revision, foldedTexts(m_fold, snippet));
     return m_index->matches(objectId, revision).value_or(false);
 }
@@ -95,12 +105,46 @@ bool SnippetMatcher::mayFold()
     return m_foldingSince.elapsed() < m_foldingTime.count() || !isListenedTo();
 }
 
+bool SnippetMatcher::isTooLongToFoldHere(const Snippet &snippet) const
+{
+    return m_container && isListenedTo() && snippet.contentSize() > kLongContent;
+}
+
+void SnippetMatcher::foldElsewhere(const Snippet &snippet)
+{
+    // What is being prepared comes first; it may hold this text.
+    if (m_prepared) {
+        m_again.start();
+        return;
+    }
+    const qint64 objectId = snippet.objectId();
+    const quint64 revision = snippet.textRevision();
+    if (std::exchange(m_foldingElsewhere[objectId], revision) == revision)
+        return;
+    std::unordered_map<qint64, quint64> saved;
+    if (!snippet.hasChanges())
+        saved.emplace(objectId, revision);
+    const auto texts = std::make_shared<PreparedTexts>(m_locale, std::move(saved));
+    if (snippet.hasChanges())
+        texts->addUnsaved(snippet);
+    m_container->performBackgroundReading(
+        [texts](ManagedObjectContext &context) { texts->fold(context); },
+        [self = QPointer(this), texts, objectId] {
+            // Released meanwhile.
+            if (!self || self->m_foldingElsewhere.erase(objectId) == 0)
+                return;
+            self->adopt(*texts, 1);
+            self->m_again.start();
+        });
+}
+
 void SnippetMatcher::release()
 {
     m_again.stop();
     if (m_prepared)
         m_prepared->cancel();
     m_prepared.reset();
+    m_foldingElsewhere.clear();
     m_index->clear();
 }
 
@@ -109,13 +153,17 @@ void SnippetMatcher::adoptPrepared()
     if (!m_prepared)
         return;
     const bool isFinished = m_prepared->isFinished();
-    for (int taken = 0; taken < kBatchesPerSearch || !isListenedTo(); ++taken) {
-        auto batch = m_prepared->takeBatch();
-        if (!batch) {
-            if (isFinished)
-                m_prepared.reset();
+    adopt(*m_prepared, isListenedTo() ? kBatchesPerSearch : std::numeric_limits<int>::max());
+    if (isFinished && m_prepared->isEmpty())
+        m_prepared.reset();
+}
+
+void SnippetMatcher::adopt(PreparedTexts &texts, int maxBatches)
+{
+    for (int taken = 0; taken < maxBatches; ++taken) {
+        auto batch = texts.takeBatch();
+        if (!batch)
             return;
-        }
         for (PreparedTexts::Item &item : *batch) {
             if (!m_index->contains(item.objectId, item.revision))
                 m_index->insert(item.objectId, item.revision, std::move(item.folded));

@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <memory>
+#include <unordered_map>
 
 class PersistentContainer;
 class PreparedTexts;
@@ -25,8 +26,9 @@ class Snippet;
 ///
 /// Folding a whole library takes longer than a key press may. So, while somebody listens to
 /// moreAnswers(), a search folds for kFoldingTime only; what is not folded by then does not match
-/// yet, and moreAnswers() asks for the search to be run again. Without a listener every answer is
-/// the final one, however long it takes.
+/// yet, and moreAnswers() asks for the search to be run again. A single long text would take longer
+/// than that: once prepare() told the container, it is folded on the container's reading thread.
+/// Without a listener every answer is the final one, however long it takes.
 class SnippetMatcher : public QObject
 {
     Q_OBJECT
@@ -38,7 +40,7 @@ public:
     ~SnippetMatcher() override;
     Q_DISABLE_COPY_MOVE(SnippetMatcher)
 
-    /// Folds all snippets' texts on the container's private thread, so that the first search does
+    /// Folds all snippets' texts on the container's reading thread, so that the first search does
     /// not have to: call it when a search field comes up. A search that comes before the end uses
     /// what is finished.
     void prepare(PersistentContainer &container);
@@ -63,12 +65,17 @@ signals:
 private:
     bool isListenedTo() const;
     bool mayFold();
+    bool isTooLongToFoldHere(const Snippet &snippet) const;
+    void foldElsewhere(const Snippet &snippet);
     void adoptPrepared();
+    void adopt(PreparedTexts &texts, int maxBatches);
 
     QLocale m_locale;
     TextFold m_fold;
     std::unique_ptr<SearchIndex> m_index;
+    PersistentContainer *m_container = nullptr; ///< null before prepare()
     std::shared_ptr<PreparedTexts> m_prepared;
+    std::unordered_map<qint64, quint64> m_foldingElsewhere; ///< objectId, revision of the texts
     std::chrono::milliseconds m_foldingTime = kFoldingTime;
     QElapsedTimer m_foldingSince; ///< invalid until the search has folded a text
     QTimer m_again;

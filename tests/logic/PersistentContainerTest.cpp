@@ -263,6 +263,34 @@ TEST_F(PersistentContainerTest, changingWhatAnotherContextDeletedMeanwhileIsNoEr
     EXPECT_EQ(answer(snippetsFile(), "SELECT count(*) FROM Snippet"), "0");
 }
 
+TEST_F(PersistentContainerTest, aReadingSeesWhatWasSavedCannotWriteAndIsToldWhenItIsDone)
+{
+    addSavedSnippet();
+    Titles seen;
+    bool isSaved = true;
+    bool isDone = false;
+    std::thread::id reader;
+    container().performBackgroundReading(
+        [&](ManagedObjectContext &context) {
+            reader = std::this_thread::get_id();
+            seen = titles(context.fetch<Snippet>());
+            only(context).setTitle(theirs);
+            isSaved = context.save().has_value();
+        },
+        [&isDone, main = std::this_thread::get_id()] {
+            isDone = std::this_thread::get_id() == main;
+        });
+    container().waitForBackgroundTasks();
+
+    EXPECT_NE(reader, std::this_thread::get_id());
+    EXPECT_EQ(seen, Titles{QStringLiteral("title")});
+    EXPECT_FALSE(isSaved);
+    EXPECT_FALSE(isDone);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isDone);
+    EXPECT_EQ(titles(view().fetch<Snippet>()), Titles{QStringLiteral("title")});
+}
+
 TEST_F(PersistentContainerTest, aSaveIsToldPerStore)
 {
     QSignalSpy spy(&container(), &PersistentContainer::didSave);

@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <future>
 
 namespace {
 
@@ -166,7 +167,7 @@ TEST_F(SnippetMatcherTest, aSearchDoesNotWaitForTextsThatArePrepared)
     QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher,
                      [this, &count] { count = found(QStringLiteral("content")).size(); });
     QSemaphore mayGoOn;
-    container().performBackgroundTask([&](ManagedObjectContext &) { mayGoOn.acquire(); });
+    container().performBackgroundReading([&](ManagedObjectContext &) { mayGoOn.acquire(); }, [] {});
     matcher.prepare(container());
 
     EXPECT_EQ(found(QStringLiteral("content")).size(), 1U);
@@ -174,6 +175,60 @@ TEST_F(SnippetMatcherTest, aSearchDoesNotWaitForTextsThatArePrepared)
     mayGoOn.release();
     container().waitForBackgroundTasks();
     ASSERT_TRUE(QTest::qWaitFor([&count] { return count == 50; }));
+}
+
+TEST_F(SnippetMatcherTest, aVeryLongTextIsNotFoldedOnTheMainThreadSavedOrNot)
+{
+    std::size_t count = 0;
+    QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher,
+                     [this, &count] { count = found(QStringLiteral("needle")).size(); });
+    matcher.prepare(container());
+    const QByteArray content = QByteArray(3 << 20, 'x') + "NEEDLE";
+    addSnippet(a, 1, content);
+    ASSERT_TRUE(view().save());
+    addSnippet(b, 2, content);
+    QSemaphore mayGoOn;
+    container().performBackgroundReading([&](ManagedObjectContext &) { mayGoOn.acquire(); }, [] {});
+
+    EXPECT_TRUE(found(QStringLiteral("needle")).empty());
+
+    mayGoOn.release();
+    ASSERT_TRUE(QTest::qWaitFor([&count] { return count == 2; }));
+    EXPECT_EQ(found(QStringLiteral("needle")), (Titles{a, b}));
+}
+
+TEST_F(SnippetMatcherTest, aVeryLongTextThatChangesWhileItIsFoldedIsFoundAsItIsInTheEnd)
+{
+    std::size_t count = 0;
+    QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher,
+                     [this, &count] { count = found(QStringLiteral("needle")).size(); });
+    matcher.prepare(container());
+    Snippet *snippet = addSnippet(a, 1, QByteArray(3 << 20, 'x'));
+    EXPECT_TRUE(found(QStringLiteral("needle")).empty());
+
+    snippet->setContent(QByteArray(3 << 20, 'x') + "NEEDLE");
+    EXPECT_TRUE(found(QStringLiteral("needle")).empty());
+
+    EXPECT_TRUE(QTest::qWaitFor([&count] { return count == 1; }));
+}
+
+TEST_F(SnippetMatcherTest, aRecordingDoesNotWaitForThePreparation)
+{
+    addSnippet(a, 1);
+    ASSERT_TRUE(view().save());
+    QSemaphore mayGoOn;
+    container().performBackgroundReading([&](ManagedObjectContext &) { mayGoOn.acquire(); }, [] {});
+    matcher.prepare(container());
+
+    std::promise<void> recorded;
+    container().performBackgroundTask([&recorded](ManagedObjectContext &context) {
+        context.insert<Clip>();
+        EXPECT_TRUE(context.save());
+        recorded.set_value();
+    });
+
+    EXPECT_EQ(recorded.get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    mayGoOn.release();
 }
 
 TEST_F(SnippetMatcherTest, releasedTextsAreMadeAgain)

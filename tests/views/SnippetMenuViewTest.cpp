@@ -74,6 +74,21 @@ TEST_F(SnippetMenuViewTest, theHeightOfOneRowIsALinePlusFourteen)
     EXPECT_EQ(snippetRow(0).height(), bench.snippets()->fontMetrics().height() + 14);
 }
 
+TEST_F(SnippetMenuViewTest, rowsThatASearchFindsLaterJoinTheOthersAndTheHighlightStays)
+{
+    for (int number = 0; number < 8; ++number)
+        bench.addSnippet(QString::number(number), "needle");
+    bench.matcher.setFoldingTime(std::chrono::milliseconds(0));
+    openSnippets();
+    bench.snippets()->searchField().setText(QStringLiteral("needle"));
+    EXPECT_EQ(rowNames(), list({"0"}));
+
+    EXPECT_TRUE(eventually([this] { return rowNames().size() == 8; }));
+
+    EXPECT_EQ(highlightedRows(), 1);
+    EXPECT_EQ(bench.snippets()->selectedRow(), 0);
+}
+
 TEST_F(SnippetMenuViewTest, aClickOnASnippetPastesIt)
 {
     bench.addSnippet(QStringLiteral("a"), "1");
