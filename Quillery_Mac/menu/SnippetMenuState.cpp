@@ -52,9 +52,9 @@ void SnippetMenuState::searchAgain()
         return;
     rebuild();
     keepSelection();
-    // So far nothing was found that could be highlighted.
-    if (!isSelected.value())
-        highlight(rowAt(0));
+    if (m_isFirstHighlighted || !isSelected.value())
+        highlightFirst();
+    selectWaited();
 }
 
 std::optional<int> SnippetMenuState::selectedRow() const
@@ -75,6 +75,12 @@ bool SnippetMenuState::isFolderOpen(const Snippet &folder) const
 
 void SnippetMenuState::highlight(std::optional<SnippetRow> row)
 {
+    setHighlight(row, false);
+}
+
+void SnippetMenuState::setHighlight(std::optional<SnippetRow> row, bool isFirst)
+{
+    m_isFirstHighlighted = isFirst;
     isSelected = row;
     if (row)
         controls::set(controls, controls::kGive, true);
@@ -99,8 +105,9 @@ void SnippetMenuState::paste(const Snippet &snippet)
 void SnippetMenuState::searchTextChanged()
 {
     doSearch = !searchText.value().isEmpty();
+    m_isSelectWaiting = false;
     rebuild();
-    highlight(rowAt(0));
+    highlightFirst();
 }
 
 void SnippetMenuState::controlsChanged()
@@ -108,7 +115,7 @@ void SnippetMenuState::controlsChanged()
     if (m_hasEnded || !controls::isSet(controls.value(), controls::kGive))
         return;
     if (!isSelected.value())
-        highlight(rowAt(0));
+        setHighlight(rowAt(0), m_isFirstHighlighted);
     const int count = static_cast<int>(m_rows.size());
     if (controls::take(controls, controls::kUp))
         highlight(rowAt(listMoves::up(selectedRow(), count)));
@@ -197,8 +204,26 @@ void SnippetMenuState::keepSelection()
     isSelected = found == m_rows.end() ? std::nullopt : std::optional(*found);
 }
 
+void SnippetMenuState::highlightFirst()
+{
+    setHighlight(rowAt(0), true);
+}
+
+void SnippetMenuState::selectWaited()
+{
+    if (!m_isSelectWaiting || !m_matcher.isComplete())
+        return;
+    m_isSelectWaiting = false;
+    select();
+}
+
+// What Return means is the first row of all that is found, which may not be found yet.
 void SnippetMenuState::select()
 {
+    if (m_isFirstHighlighted && doSearch.value() && !m_matcher.isComplete()) {
+        m_isSelectWaiting = true;
+        return;
+    }
     if (!isSelected.value())
         return;
     const Snippet &snippet = *isSelected.value()->snippet;

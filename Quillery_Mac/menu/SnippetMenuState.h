@@ -51,7 +51,8 @@ public:
     void shown();
     /// The store's snippets in order. Call it again after every change of them.
     void setItems(const std::vector<Snippet *> &items);
-    /// The matcher has more answers to the search.
+    /// The matcher has more answers to the search. The first row stays highlighted while nobody
+    /// moves the highlight, and a "select" that came early acts when the search is complete.
     void searchAgain();
 
     const std::vector<SnippetRow> &rows() const { return m_rows; }
@@ -84,6 +85,9 @@ private:
     std::vector<Snippets> openNodes() const;
     void keepSelection();
     void select();
+    void selectWaited();
+    void highlightFirst();
+    void setHighlight(std::optional<SnippetRow> row, bool isFirst);
     std::optional<SnippetRow> rowAt(std::optional<int> row) const;
 
     platform::Pasteboard &m_pasteboard;
@@ -93,6 +97,8 @@ private:
     std::vector<SnippetRow> m_rows;
     std::vector<QUuid> m_openOrder;
     bool m_hasEnded = false;
+    bool m_isFirstHighlighted = false; ///< by a search, and nobody has moved the highlight since
+    bool m_isSelectWaiting = false;    ///< for the search to be complete
     QPropertyNotifier m_searchObserver;
     QPropertyNotifier m_controlsObserver;
     QPropertyNotifier m_openObserver;

@@ -64,6 +64,7 @@ void SnippetMatcher::prepare(PersistentContainer &container)
 void SnippetMatcher::setSearchText(const QString &text)
 {
     m_isSearching = !text.isEmpty();
+    m_isComplete = true;
     m_foldingSince.invalidate();
     m_index->setText(m_fold.folded(text));
     if (m_isSearching)
@@ -79,10 +80,12 @@ bool SnippetMatcher::matches(const Snippet &snippet)
     if (const auto known = m_index->matches(objectId, revision))
         return *known;
     if (!mayFold()) {
+        m_isComplete = false;
         m_again.start();
         return false;
     }
     if (isTooLongToFoldHere(snippet)) {
+        m_isComplete = false;
         foldElsewhere(snippet);
         return false;
     }

@@ -51,6 +51,8 @@ public:
     /// Whether the snippet as it is now matches the search text. The first call after a change of
     /// the search text works, the others look it up.
     bool matches(const Snippet &snippet);
+    /// Whether every answer since setSearchText() is the final one; if not, moreAnswers() follows.
+    bool isComplete() const { return m_isComplete; }
 
     /// Frees the folded texts; the next search makes them again.
     void release();
@@ -80,4 +82,5 @@ private:
     QElapsedTimer m_foldingSince; ///< invalid until the search has folded a text
     QTimer m_again;
     bool m_isSearching = false;
+    bool m_isComplete = true;
 };

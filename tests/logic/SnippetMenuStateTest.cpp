@@ -5,6 +5,8 @@
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/logic/StoreTestSupport.h"
 
+#include <QTest>
+
 using controls::kDown;
 using controls::kGive;
 using controls::kRight;
@@ -451,4 +453,97 @@ TEST_F(SnippetMenuStateTest, allSnippetsAStoreCanHoldAreRows)
     EXPECT_EQ(menu.rows().size(), 32767U);
     press(kUp);
     EXPECT_EQ(highlighted(), QStringLiteral("32766"));
+}
+
+// -- searches that take longer than a key press ---------------------------------------------------
+
+class SlowSearch : public SnippetMenuStateTest
+{
+protected:
+    SlowSearch()
+    {
+        matcher.setFoldingTime(std::chrono::milliseconds(0));
+        QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher,
+                         [this] { menu.searchAgain(); });
+    }
+    bool waitForAll()
+    {
+        return QTest::qWaitFor([this] { return matcher.isComplete(); });
+    }
+};
+
+TEST_F(SlowSearch, theFirstOfAllRowsIsHighlightedInTheEnd)
+{
+    folder(QStringLiteral("needles"));
+    snippet(QStringLiteral("needle"));
+    show(true);
+
+    menu.searchText = QStringLiteral("need");
+    EXPECT_EQ(highlighted(), QStringLiteral("needles"));
+
+    ASSERT_TRUE(waitForAll());
+    EXPECT_EQ(rows().front(), QStringLiteral("needle"));
+    EXPECT_EQ(highlighted(), QStringLiteral("needle"));
+}
+
+TEST_F(SlowSearch, aHighlightThatWasMovedStays)
+{
+    folder(QStringLiteral("needles"));
+    folder(QStringLiteral("hay"));
+    snippet(QStringLiteral("needle"));
+    show(true);
+    menu.searchText = QStringLiteral("need");
+
+    press(kDown);
+
+    ASSERT_TRUE(waitForAll());
+    EXPECT_EQ(highlighted(), QStringLiteral("needles"));
+}
+
+TEST_F(SlowSearch, returnBeforeTheRowIsFoundPastesItWhenItIs)
+{
+    for (int i = 0; i < 20; ++i)
+        snippet(QStringLiteral("hay"));
+    snippet(QStringLiteral("needle"), "found");
+    show(true);
+    menu.searchText = QStringLiteral("need");
+    EXPECT_TRUE(rows().isEmpty());
+
+    press(kSelect);
+
+    EXPECT_FALSE(doPaste.value());
+    ASSERT_TRUE(waitForAll());
+    EXPECT_TRUE(doPaste.value());
+    EXPECT_EQ(pasteboard.text, "found");
+}
+
+TEST_F(SlowSearch, returnActsOnTheFirstOfAllRowsNotOfThoseFoundSoFar)
+{
+    folder(QStringLiteral("needles"));
+    snippet(QStringLiteral("needle"), "found");
+    show(true);
+    menu.searchText = QStringLiteral("need");
+
+    press(kSelect);
+
+    ASSERT_TRUE(waitForAll());
+    EXPECT_EQ(pasteboard.text, "found");
+    EXPECT_TRUE(menu.openItems.value().isEmpty());
+}
+
+TEST_F(SlowSearch, aMenuThatHasClosedPastesNothingLate)
+{
+    for (int i = 0; i < 20; ++i)
+        snippet(QStringLiteral("hay"));
+    snippet(QStringLiteral("needle"));
+    show(true);
+    menu.searchText = QStringLiteral("need");
+    press(kSelect);
+
+    menu.end();
+
+    std::size_t again = 0;
+    QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher, [&again] { ++again; });
+    ASSERT_TRUE(QTest::qWaitFor([&again] { return again > 0; }));
+    EXPECT_FALSE(doPaste.value());
 }
