@@ -151,6 +151,7 @@ void Quillery_MacApp::openSetupIfFirstLoad()
 void Quillery_MacApp::showTrayItem()
 {
     connect(m_desktop.tray.get(), &platform::TrayItem::activated, this, [this](const QRect &icon) {
+        m_desktop.desktop->noteUserTime(0);
         window->close();
         m_menuBarWindow->toggle(icon);
     });

@@ -61,6 +61,9 @@ public:
     /// identifier of a scene, "check-for-updates" or "quit". Others are ignored.
     void performAction(const QString &name);
 
+    /// Who is told of the program's windows.
+    const WindowNotifications &notifications() const { return m_notifications; }
+
     // The state of the program, in the order of what depends on what.
     Funcs::OpenWindow openWindow;
     PersistenceController persistenceController;

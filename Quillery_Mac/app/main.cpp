@@ -6,6 +6,7 @@
 #include "platform/log/Log.h"
 #include "platform/pasteboard/Pasteboard.h"
 #include "platform/session/TerminationSignals.h"
+#include "platform/windows/Desktop.h"
 
 #include <QApplication>
 
@@ -48,6 +49,8 @@ int main(int /*argc*/, char ** /*argv*/)
     DesktopServices desktop;
     connectDesktop(desktop);
     Quillery_MacApp app(desktop, defaults, PersistenceController::standardDataFolder());
+    QObject::connect(&instance, &platform::SingleInstance::userActed, &app,
+                     [&desktop](quint32 time) { desktop.desktop->noteUserTime(time); });
     QObject::connect(&instance, &platform::SingleInstance::activated, &app,
                      [&app] { app.openMenuBarWindow(QRect()); });
     QObject::connect(&instance, &platform::SingleInstance::actionActivated, &app,

@@ -27,6 +27,9 @@ public slots:
                         const QVariantMap &platform_data, const QDBusMessage &message);
 
 signals:
+    /// Sent before each of the others. `serverTime` is when the user did what the call follows
+    /// from, in the display server's milliseconds; 0 if the caller does not tell.
+    void userActed(quint32 serverTime);
     void activated();
     void actionActivated(const QString &name);
 

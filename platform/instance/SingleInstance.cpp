@@ -11,6 +11,7 @@ namespace platform {
 SingleInstance::SingleInstance()
 {
     auto *adaptor = new ApplicationAdaptor(actionNames(), this);
+    connect(adaptor, &ApplicationAdaptor::userActed, this, &SingleInstance::userActed);
     connect(adaptor, &ApplicationAdaptor::activated, this, &SingleInstance::activated);
     connect(adaptor, &ApplicationAdaptor::actionActivated, this, &SingleInstance::actionActivated);
 }
@@ -60,7 +61,10 @@ bool SingleInstance::acquireLock()
         m_lock->activateFirst();
         return false;
     }
-    connect(m_lock.get(), &LockedInstance::activated, this, &SingleInstance::activated);
+    connect(m_lock.get(), &LockedInstance::activated, this, [this] {
+        emit userActed(0);
+        emit activated();
+    });
     m_lock->listen();
     return true;
 }

@@ -34,6 +34,9 @@ public:
     bool acquire();
 
 signals:
+    /// Sent before each of the others. `serverTime` is when the user did what led to it, in the
+    /// display server's milliseconds; 0 if nobody tells, then it was just now.
+    void userActed(quint32 serverTime);
     /// Somebody started the program again.
     void activated();
     /// Somebody asked for one of actionNames().

@@ -31,8 +31,10 @@ public:
     /// active and the window manager guards the focus.
     virtual void activate(QWidget &window) = 0;
 
-    /// Remembers that the user did something now (a hot key, a click on the tray), in the display
-    /// server's time in milliseconds; activate() shows it to the window manager.
+    /// Remembers that the user did something that did not reach a window of ours (a hot key, a
+    /// click on the tray, a start from a launcher); activate() shows it to the window manager.
+    /// What the user does in our windows is known.
+    /// @param serverTime the display server's time in milliseconds; 0: now
     virtual void noteUserTime(quint32 serverTime) = 0;
 };
 

@@ -121,6 +121,7 @@ std::unique_ptr<X11Desktop> X11Desktop::create()
 
 X11Desktop::X11Desktop(std::unique_ptr<X11Connection> connection)
     : m_connection(std::move(connection))
+    , m_userTime(*m_connection)
 {
 }
 
@@ -173,18 +174,19 @@ void X11Desktop::activate(QWidget &window)
 
 void X11Desktop::noteUserTime(quint32 serverTime)
 {
-    m_userTime = serverTime;
+    m_userTime.note(serverTime);
 }
 
 void X11Desktop::setUserTime(quint32 window) const
 {
     // Zero would mean: do not give this window the focus when it appears.
-    if (m_userTime == 0)
+    const quint32 time = m_userTime.latest();
+    if (time == 0)
         return;
     X11Connection::syncToolkit();
     m_connection->check(xcb_change_property_checked(m_connection->xcb(), XCB_PROP_MODE_REPLACE,
                                                     window, m_connection->atom("_NET_WM_USER_TIME"),
-                                                    XCB_ATOM_CARDINAL, 32, 1, &m_userTime));
+                                                    XCB_ATOM_CARDINAL, 32, 1, &time));
 }
 
 void X11Desktop::askWindowManager(quint32 window) const
@@ -195,7 +197,7 @@ void X11Desktop::askWindowManager(quint32 window) const
     message.window = window;
     message.type = m_connection->atom("_NET_ACTIVE_WINDOW");
     message.data.data32[0] = kSourcePager;
-    message.data.data32[1] = m_userTime;
+    message.data.data32[1] = m_userTime.latest();
     m_connection->check(xcb_send_event_checked(m_connection->xcb(), 0, m_connection->root(),
                                                XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT |
                                                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,

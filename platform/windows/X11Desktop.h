@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/windows/Desktop.h"
+#include "platform/windows/X11UserTime.h"
 
 #include <memory>
 
@@ -32,7 +33,7 @@ private:
     void askWindowManager(quint32 window) const;
 
     std::unique_ptr<X11Connection> m_connection;
-    quint32 m_userTime = 0; ///< server time in milliseconds; 0: none noted yet
+    X11UserTime m_userTime;
 };
 
 } // namespace platform

@@ -114,6 +114,32 @@ xcb_window_t X11Connection::windowManager()
     return onRoot.front();
 }
 
+// Every change of a property comes with the time, also one that adds nothing.
+quint32 X11Connection::serverTime()
+{
+    const xcb_window_t window = xcb_generate_id(xcb());
+    const quint32 mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(xcb(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+    xcb_change_property(xcb(), XCB_PROP_MODE_APPEND, window, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,
+                        0, nullptr);
+    xcb_destroy_window(xcb(), window);
+    xcb_flush(xcb());
+    quint32 time = 0;
+    while (time == 0) {
+        XcbPointer<xcb_generic_event_t> event(xcb_wait_for_event(xcb()));
+        if (!event)
+            break;
+        const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(*event);
+        if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && change.window == window)
+            time = change.time;
+        else
+            m_events.push_back(std::move(event));
+    }
+    gatherEvents();
+    return time;
+}
+
 void X11Connection::syncToolkit()
 {
     xcb_connection_t *connection = toolkit();

@@ -78,6 +78,9 @@ public:
     /// the focus when no other window has it; 0 while none of the EWMH kind runs.
     xcb_window_t windowManager();
 
+    /// The server's time, in milliseconds; 0 if the connection is broken. One round trip.
+    quint32 serverTime();
+
     /// Waits until the server has carried out everything that the toolkit has asked for so far.
     static void syncToolkit();
 

@@ -30,10 +30,10 @@ public:
         window.activateWindow();
     }
 
-    void noteUserTime(quint32 serverTime) override { userTime = serverTime; }
+    void noteUserTime(quint32 serverTime) override { userTimes.push_back(serverTime); }
 
     QPoint pointerPosition{400, 300};
     std::vector<QRect> frames{QRect(0, 0, 1280, 800)}; ///< empty: no screen at all
     std::vector<QWidget *> activated;
-    quint32 userTime = 0;
+    std::vector<quint32> userTimes; ///< as noted
 };

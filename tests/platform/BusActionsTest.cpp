@@ -72,6 +72,30 @@ TEST_F(BusActions, activateAndOpenActivate)
     EXPECT_EQ(lineOf(*first), "activated");
 }
 
+TEST_F(BusActions, theTimeOfTheLaunchIsToldBeforeWhatItLedTo)
+{
+    const QVariantMap gtk{{QStringLiteral("desktop-startup-id"),
+                           QStringLiteral("files-12-host-menu_TIME_TIME4000000000")}};
+    EXPECT_TRUE(isAnswered(
+        call(QStringLiteral("ActivateAction"), {QStringLiteral("settings"), QVariantList(), gtk})));
+    EXPECT_EQ(lineOf(*first), "at 4000000000");
+    EXPECT_EQ(lineOf(*first), "settings");
+
+    const QVariantMap token{{QStringLiteral("activation-token"), QStringLiteral("menu_TIME77")}};
+    EXPECT_TRUE(isAnswered(call(QStringLiteral("Activate"), {token})));
+    EXPECT_EQ(lineOf(*first), "at 77");
+    EXPECT_EQ(lineOf(*first), "activated");
+}
+
+TEST_F(BusActions, aTokenWithoutATimeTellsNone)
+{
+    for (const char *id : {"", "5f0c", "menu_TIME", "menu_TIMEx", "menu_TIME-1"}) {
+        const QVariantMap token{{QStringLiteral("desktop-startup-id"), QString::fromLatin1(id)}};
+        EXPECT_TRUE(isAnswered(call(QStringLiteral("Activate"), {token})));
+        EXPECT_EQ(lineOf(*first), "activated") << id;
+    }
+}
+
 TEST_F(BusActions, anUnknownActionIsAnErrorAndChangesNothing)
 {
     EXPECT_EQ(activateAction(QStringLiteral("format-the-disk")).errorName(),

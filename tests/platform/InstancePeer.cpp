@@ -27,6 +27,11 @@ int main(int argc, char **argv)
         tell("second");
         return 0;
     }
+    QObject::connect(&instance, &platform::SingleInstance::userActed, &instance,
+                     [](quint32 serverTime) {
+                         if (serverTime != 0)
+                             tell("at " + QByteArray::number(serverTime));
+                     });
     QObject::connect(&instance, &platform::SingleInstance::activated, &instance,
                      [] { tell("activated"); });
     QObject::connect(&instance, &platform::SingleInstance::actionActivated, &instance,

@@ -8,6 +8,7 @@
 #include "tests/support/WindowManager.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTest>
 #include <QWidget>
 
@@ -22,15 +23,21 @@ class RecordingWidget : public QWidget
 public:
     int presses = 0; ///< of keys that are no modifiers
     int clicks = 0;
+    quint64 lastTime = 0; ///< the server's, of the last of these, in milliseconds
 
 protected:
     void keyPressEvent(QKeyEvent *event) override
     {
         if (event->key() < Qt::Key_Shift || event->key() > Qt::Key_ScrollLock)
             ++presses;
+        lastTime = event->timestamp();
     }
 
-    void mousePressEvent(QMouseEvent *) override { ++clicks; }
+    void mousePressEvent(QMouseEvent *event) override
+    {
+        ++clicks;
+        lastTime = event->timestamp();
+    }
 };
 
 /// A menu, a popover and another program's window under one of the window managers.

@@ -164,6 +164,69 @@ TEST_P(X11Desktop, activateShowsAFreshWindowOverAProgramInUse)
     EXPECT_EQ(time, std::vector<quint32>{target.lastTime()});
 }
 
+/// What activate() says of a window's wishes to the window manager.
+class UserTime : public X11Desktop
+{
+protected:
+    quint32 timeOfFreshWindow()
+    {
+        QWidget window;
+        placeBeside(window);
+        desktop->activate(window);
+        const auto time = connection->numbers(idOf(window), connection->atom("_NET_WM_USER_TIME"));
+        return time.size() == 1 ? time.front() : 0;
+    }
+};
+INSTANTIATE_TEST_SUITE_P(On, UserTime, ::testing::Values(WindowManager::Kind::Openbox),
+                         ::testing::PrintToStringParamName());
+
+TEST_P(UserTime, aClickInAWindowOfOursCounts)
+{
+    desktop->noteUserTime(1);
+    RecordingWidget window;
+    placeBeside(window);
+    desktop->activate(window);
+    ASSERT_TRUE(isFocused(window));
+
+    user.clickAt(centreOf(window));
+    ASSERT_TRUE(waitFor([&] { return window.clicks == 1; }));
+
+    EXPECT_EQ(timeOfFreshWindow(), window.lastTime);
+}
+
+TEST_P(UserTime, aKeyInAWindowOfOursCounts)
+{
+    desktop->noteUserTime(1);
+    RecordingWidget window;
+    placeBeside(window);
+    desktop->activate(window);
+    ASSERT_TRUE(isFocused(window));
+
+    user.tap(UserInput::kA);
+    ASSERT_TRUE(waitFor([&] { return window.presses == 1; }));
+
+    EXPECT_EQ(timeOfFreshWindow(), window.lastTime);
+}
+
+TEST_P(UserTime, withoutATimeItIsNow)
+{
+    ASSERT_TRUE(target.showFocused());
+    user.tap(UserInput::kA);
+    ASSERT_TRUE(waitFor([this] { return !target.typed().empty(); }));
+
+    desktop->noteUserTime(0);
+
+    EXPECT_GE(timeOfFreshWindow(), target.lastTime());
+}
+
+TEST_P(UserTime, anEarlierTimeIsNoNews)
+{
+    desktop->noteUserTime(5000);
+    desktop->noteUserTime(4000);
+
+    EXPECT_EQ(timeOfFreshWindow(), 5000U);
+}
+
 TEST_P(DesktopUnderManager, activateBringsAMinimizedWindowBack)
 {
     QWidget window;

@@ -213,6 +213,22 @@ TEST_F(EntryTest, summoningWhileShownAddsAnObserverAndEachRemovesItself)
     EXPECT_TRUE(fakes.keyEventPoster.events.empty());
 }
 
+TEST_F(EntryTest, thePanelIsObservedOncePerSummonsUntilItResigns)
+{
+    skipSetup();
+    start();
+    const WindowNotification &didResignKey = app->notifications().didResignKey;
+    const std::size_t before = didResignKey.observerCount();
+
+    app->openPastePanel();
+    EXPECT_EQ(didResignKey.observerCount(), before + 1);
+    app->openPastePanel();
+    EXPECT_EQ(didResignKey.observerCount(), before + 2);
+    fakes.panelWindows.loseKeyboard();
+
+    EXPECT_EQ(didResignKey.observerCount(), before);
+}
+
 TEST_F(EntryTest, aPanelThatLosesTheKeyboardGoesAndKeepsNothing)
 {
     skipSetup();
@@ -350,6 +366,17 @@ TEST_F(EntryTest, theMenuBarWindowShowsEveryRowAndEndsWithQuit)
     const MenuView *menu = menuInBarWindow();
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->options.value(), expected);
+}
+
+TEST_F(EntryTest, aClickOnTheTrayIconIsSomethingTheUserDidNow)
+{
+    skipSetup();
+    start();
+    ASSERT_TRUE(fakes.desktop.userTimes.empty());
+
+    fakes.tray.click(QRect(1000, 0, 24, 24));
+
+    EXPECT_EQ(fakes.desktop.userTimes, std::vector<quint32>{0});
 }
 
 TEST_F(EntryTest, aSecondClickOnTheTrayIconClosesTheMenuBarWindow)
