@@ -41,7 +41,9 @@ bool FocusKeeper::isRememberedIn(quint32 window) const
 
 bool FocusKeeper::take(quint32 window)
 {
-    return give(window, XCB_INPUT_FOCUS_PARENT);
+    const bool isTaken = give(window, XCB_INPUT_FOCUS_PARENT, XCB_CURRENT_TIME);
+    m_takenAt = m_connection.serverTime();
+    return isTaken;
 }
 
 quint32 FocusKeeper::active() const
@@ -51,19 +53,21 @@ quint32 FocusKeeper::active() const
     return window.empty() ? quint32(XCB_NONE) : window.front();
 }
 
+// A window manager that answers to a key or a click gives the focus with the time of that, and the
+// server ignores it if the focus was moved at a later time: giving back must not be later.
 void FocusKeeper::giveBack()
 {
-    if (give(m_window, m_revertTo))
+    if (give(m_window, m_revertTo, m_takenAt))
         return;
     const quint32 other = active();
-    if (other == XCB_NONE || !give(other, m_revertTo))
+    if (other == XCB_NONE || !give(other, m_revertTo, m_takenAt))
         qCInfo(logWindows) << "The window that had the keyboard is gone";
 }
 
-bool FocusKeeper::give(quint32 window, quint8 revertTo)
+bool FocusKeeper::give(quint32 window, quint8 revertTo, quint32 time)
 {
-    return m_connection.check(xcb_set_input_focus_checked(m_connection.xcb(), revertTo, window,
-                                                          XCB_CURRENT_TIME)) == 0;
+    return m_connection.check(
+               xcb_set_input_focus_checked(m_connection.xcb(), revertTo, window, time)) == 0;
 }
 
 } // namespace platform

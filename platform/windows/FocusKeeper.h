@@ -38,15 +38,18 @@ public:
     quint32 active() const;
 
     /// Gives the focus back to whoever had it when remember() was called; if that window vanished
-    /// meanwhile, to the one that the window manager calls active; else the focus stays.
+    /// meanwhile, to the one that the window manager calls active; else the focus stays. It stays
+    /// too if somebody moved it after take(). Whoever moves it for something that the user did
+    /// since take() comes before this, whichever request is earlier.
     void giveBack();
 
 private:
-    bool give(quint32 window, quint8 revertTo);
+    bool give(quint32 window, quint8 revertTo, quint32 time);
 
     X11Connection &m_connection;
     quint32 m_window = 0;
     quint8 m_revertTo = 0;
+    quint32 m_takenAt = 0; ///< the server's time, in milliseconds, just after the last take()
 };
 
 } // namespace platform

@@ -514,6 +514,25 @@ TEST_P(LateNews, anotherProgramNamedActiveResigns)
     EXPECT_TRUE(resignsWithin(kPatience));
 }
 
+/// A pick opens a window of ours and closes the menu, and the window manager, which answers to the
+/// pick, is slower than we are.
+TEST_P(UnfocusedDesktop, aFocusThatFollowsFromAKeyInTheMenuMayComeAfterTheDismissal)
+{
+    ForeignWindow other("Other", QRect(700, 500, 200, 200));
+    other.map();
+    presentOverTarget();
+    user.tap(UserInput::kA);
+    ASSERT_TRUE(waitFor([this] { return menu.presses == 1; }));
+    ASSERT_TRUE(waitFor([this] { return connection->serverTime() > menu.lastTime; }));
+
+    windows->dismiss();
+    xcb_set_input_focus(connection->xcb(), XCB_INPUT_FOCUS_PARENT, other.id(),
+                        static_cast<quint32>(menu.lastTime));
+    connection->serverTime(); // a round trip
+
+    EXPECT_TRUE(other.hasFocus());
+}
+
 TEST_P(UnfocusedDesktop, focusThatFollowsThePointerIsRestored)
 {
     target.setFocus(XCB_INPUT_FOCUS_POINTER_ROOT);
