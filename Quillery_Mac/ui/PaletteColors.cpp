@@ -16,8 +16,6 @@ constexpr qreal kReadableRatio = 4.5;
 constexpr qreal kQuiet = 0.70;
 constexpr int kPressedDarkening = 116; // percent, as QColor::darker() has it
 
-bool isRequested = false;
-
 QColor faded(QColor color, qreal alpha)
 {
     color.setAlphaF(static_cast<float>(alpha));
@@ -60,13 +58,8 @@ QColor line(const QPalette &palette, qreal alpha)
 
 bool isHighContrast(const QPalette &palette)
 {
-    return isRequested || QIcon::themeName().contains(u"HighContrast", Qt::CaseInsensitive) ||
+    return QIcon::themeName().contains(u"HighContrast", Qt::CaseInsensitive) ||
            contrast(window(palette), text(palette)) >= kHighContrastRatio;
-}
-
-void setHighContrastRequested(bool requested)
-{
-    isRequested = requested;
 }
 
 bool isDark(const QPalette &palette)

@@ -10,10 +10,8 @@
 /// highlight must not fade in the one that has not the keyboard right now.
 namespace paletteColors {
 
-/// Black and white, or a desktop that asks for it: no quiet greys, thicker edges.
+/// Black and white, or a desktop theme that is meant for it: no quiet greys, thicker edges.
 bool isHighContrast(const QPalette &palette);
-/// What the desktop's settings say beside the palette; views repaint on the next palette change.
-void setHighContrastRequested(bool requested);
 bool isDark(const QPalette &palette);
 
 QColor window(const QPalette &palette);

@@ -214,12 +214,14 @@ TEST(PaletteColors, blackAndWhiteIsHighContrast)
     EXPECT_FALSE(paletteColors::isHighContrast(palette(QColor(0xf3f4f6), QColor(0x1b1d22))));
 }
 
-TEST(PaletteColors, theDesktopsWishForHighContrastCounts)
+TEST(PaletteColors, aThemeMadeForItIsHighContrast)
 {
+    const QString before = QIcon::themeName();
     const QPalette plain = palette(QColor(0xf3f4f6), QColor(0x1b1d22));
-    paletteColors::setHighContrastRequested(true);
+
+    QIcon::setThemeName(QStringLiteral("HighContrastInverse"));
     EXPECT_TRUE(paletteColors::isHighContrast(plain));
-    paletteColors::setHighContrastRequested(false);
+    QIcon::setThemeName(before);
     EXPECT_FALSE(paletteColors::isHighContrast(plain));
 }
 
