@@ -52,19 +52,22 @@ QByteArray classAbove(X11Connection &connection, quint32 window)
 std::optional<quint32> windowForKeys(X11Connection &connection)
 {
     const auto cookie = xcb_get_input_focus(connection.xcb());
-    const quint32 windowManager = connection.windowManager();
+    const std::vector<quint32> checkWindow =
+        connection.numbers(connection.root(), connection.atom("_NET_SUPPORTING_WM_CHECK"));
     const auto answer = connection.reply(xcb_get_input_focus_reply, cookie);
     if (!answer || answer->focus == XCB_INPUT_FOCUS_NONE)
         return std::nullopt;
     std::optional<quint32> window = answer->focus;
     if (answer->focus == XCB_INPUT_FOCUS_POINTER_ROOT || answer->focus == connection.root()) {
-        if (windowManager != XCB_NONE)
+        if (connection.windowManager() != XCB_NONE)
             return std::nullopt;
         window = windowUnderPointer(connection);
     }
-    if (window == windowManager)
-        return std::nullopt;
     if (!window || connection.isOurs(*window))
+        return std::nullopt;
+    // Asked twice only if it may be: a window manager that died can leave the name of its window.
+    const bool mayBeWindowManager = !checkWindow.empty() && checkWindow.front() == *window;
+    if (mayBeWindowManager && connection.windowManager() == *window)
         return std::nullopt;
     return window;
 }

@@ -79,6 +79,38 @@ std::vector<quint8> slaveKeyboards(X11Connection &connection)
 HeldKeys::HeldKeys(X11Connection &connection)
     : m_connection(connection)
 {
+    connect(&connection, &X11Connection::received, this, &HeldKeys::handle);
+    watchDevices();
+}
+
+void HeldKeys::watchDevices()
+{
+    struct Selection
+    {
+        xcb_input_event_mask_t head;
+        quint32 mask;
+    } selection{{XCB_INPUT_DEVICE_ALL, 1}, XCB_INPUT_XI_EVENT_MASK_HIERARCHY};
+    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    xcb_flush(m_connection.xcb());
+}
+
+void HeldKeys::handle(const xcb_generic_event_t &event)
+{
+    if ((event.response_type & 0x7f) != XCB_GE_GENERIC)
+        return;
+    const auto *extension = xcb_get_extension_data(m_connection.xcb(), &xcb_input_id);
+    const auto &generic = reinterpret_cast<const xcb_ge_generic_event_t &>(event);
+    if (extension != nullptr && generic.extension == extension->major_opcode &&
+        generic.event_type == XCB_INPUT_HIERARCHY) {
+        m_areKnown = false;
+    }
+}
+
+void HeldKeys::prepare()
+{
+    if (!m_areKnown)
+        findKeyboards();
+    m_areKnown = true;
 }
 
 // All are asked before the first answer is awaited: one round trip for the list, one for the marks.
@@ -101,8 +133,9 @@ void HeldKeys::findKeyboards()
     }
 }
 
-HeldKeys::Now HeldKeys::now() const
+HeldKeys::Now HeldKeys::now()
 {
+    prepare();
     const auto map = xcb_query_keymap(m_connection.xcb());
     const StateCookies ofKeyboards = askFor(m_connection, m_keyboards);
     const StateCookies ofTests = askFor(m_connection, m_testKeyboards);

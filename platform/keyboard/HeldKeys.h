@@ -3,6 +3,8 @@
 
 #include "platform/keyboard/ChordKeys.h"
 
+#include <QObject>
+
 #include <vector>
 
 namespace platform {
@@ -13,14 +15,14 @@ class X11Connection;
 ///
 /// What we type comes from a keyboard device of the server's own (XTEST); every other device is a
 /// real one. Only asking each device by itself tells a key that the user holds from one that was
-/// typed for him. Main thread only; the connection must outlive the object.
-class HeldKeys
+/// typed for him. Keyboards come and go, of which the server tells. Main thread only; the
+/// connection must outlive the object.
+class HeldKeys : public QObject
 {
+    Q_OBJECT
+
 public:
     explicit HeldKeys(X11Connection &connection);
-
-    /// Looks which keyboards there are; they come and go.
-    void findKeyboards();
 
     struct Now
     {
@@ -29,12 +31,20 @@ public:
     };
 
     /// What is down now. Asks the server, in one round trip.
-    Now now() const;
+    Now now();
+
+    /// Looks now which keyboards there are, and not when it is first needed.
+    void prepare();
 
 private:
+    void watchDevices();
+    void handle(const xcb_generic_event_t &event);
+    void findKeyboards();
+
     X11Connection &m_connection;
     std::vector<quint8> m_keyboards;     ///< real ones, as device numbers
     std::vector<quint8> m_testKeyboards; ///< those of XTEST
+    bool m_areKnown = false;             ///< false after a keyboard came or went
 };
 
 } // namespace platform

@@ -64,8 +64,11 @@ X11KeyEventPoster::X11KeyEventPoster(std::unique_ptr<X11Connection> connection,
     m_lookTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_lookTimer, &QTimer::timeout, this, &X11KeyEventPoster::look);
     connect(&m_releases, &RawInput::happened, this, &X11KeyEventPoster::keyReleased);
-    // The first paste is not to wait for the keyboard's map, nor the start of the program.
-    QTimer::singleShot(0, this, [this] { m_keys.prepare(); });
+    // The first paste is not to wait for what keyboards there are, nor the start of the program.
+    QTimer::singleShot(0, this, [this] {
+        m_keys.prepare();
+        m_held.prepare();
+    });
 }
 
 // The device of XTEST outlives its clients: a key that is not let go here would stay down on it
@@ -138,7 +141,6 @@ X11KeyEventPoster::Chord X11KeyEventPoster::chordFor(Purpose purpose, ChordStyle
 // watched before it, so that none is missed in between.
 void X11KeyEventPoster::startNext()
 {
-    m_held.findKeyboards();
     m_releases.start();
     m_target.reset();
     m_sincePosted.start();

@@ -44,26 +44,25 @@ void RawInput::start()
 {
     if (std::exchange(m_isStarted, true) || !isAvailable())
         return;
-    m_connection.check(select(1U << m_eventType));
+    select(1U << m_eventType);
 }
 
 void RawInput::stop()
 {
     if (!std::exchange(m_isStarted, false) || !isAvailable())
         return;
-    xcb_discard_reply(m_connection.xcb(), select(0).sequence);
-    xcb_flush(m_connection.xcb());
+    select(0);
 }
 
-xcb_void_cookie_t RawInput::select(quint32 mask)
+void RawInput::select(quint32 mask)
 {
     struct Selection
     {
         xcb_input_event_mask_t head;
         quint32 mask;
     } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
-    return xcb_input_xi_select_events_checked(m_connection.xcb(), m_connection.root(), 1,
-                                              &selection.head);
+    xcb_input_xi_select_events(m_connection.xcb(), m_connection.root(), 1, &selection.head);
+    xcb_flush(m_connection.xcb());
 }
 
 // The server adds a field after the first 32 bytes of these events, so only what comes before it

@@ -26,9 +26,9 @@ public:
     /// False where the server lacks version 2.1 of the input extension; then nothing is told.
     bool isAvailable() const { return m_opcode != 0; }
 
-    /// Returns when the server has begun to tell: what happens afterwards is not missed.
+    /// Neither waits for the server. What it answers afterwards on the same connection was looked
+    /// up when it had begun to tell.
     void start();
-    /// Nothing is told any more; the server hears of it without being waited for.
     void stop();
 
 signals:
@@ -37,7 +37,7 @@ signals:
     void happened(quint32 detail, quint32 time);
 
 private:
-    xcb_void_cookie_t select(quint32 mask);
+    void select(quint32 mask);
     void handle(const xcb_generic_event_t &event);
 
     X11Connection &m_connection;
