@@ -20,8 +20,8 @@ constexpr std::chrono::milliseconds kPause{10};
 // Of 512 texts each.
 constexpr int kBatchesPerSearch = 16;
 
-// Folding takes some 5 ms for so many bytes, and up to half a second for 50 MB.
-constexpr qsizetype kLongContent = 1 << 20;
+// Some 5 ms of folding: 33 MB in texts of 1 KB took 600 ms (bench/StoreBench.cpp).
+constexpr qsizetype kLongContent = 256 << 10;
 
 } // namespace
 
