@@ -124,19 +124,6 @@ TEST_P(MenuWindows, whereThePopoverWasAClickResigns)
     EXPECT_TRUE(resignsWithin(kPatience));
 }
 
-TEST_P(MenuWindows, theGapFollowsThePopoversSize)
-{
-    presentOverTarget();
-    menu.resize(menu.width(), 2 * menu.height());
-    windows->showPopover(popover);
-    popover.resize(popover.width(), menu.height() / 4);
-    ASSERT_TRUE(waitFor([this] { return popover.height() == menu.height() / 4; }));
-
-    user.clickAt({855, 400});
-
-    EXPECT_TRUE(resignsWithin(kPatience));
-}
-
 TEST_P(MenuWindows, aPopoverMakesNoWindowsInsideTheMenu)
 {
     const QWidget first(&menu);
