@@ -206,6 +206,18 @@ TEST_F(LibraryExportTest, everyTextComesBackAsItWas)
     EXPECT_EQ(exported(), file);
 }
 
+TEST_F(LibraryExportTest, whatCannotBeSeenIsEscapedAndNothingElse)
+{
+    add(QStringLiteral("\u0001\u001F\u007F\u009F\u2028\u2029\uFEFF\b"),
+        "a\u00A0\u200B\u202E\uFFFD/'~");
+
+    const QByteArray file = exported();
+    EXPECT_TRUE(file.contains(R"("title": "\u0001\u001f\u007f\u009f\u2028\u2029\ufeff\u0008")"))
+        << file.toStdString();
+    EXPECT_TRUE(file.contains("\"content\": \"a\u00A0\u200B\u202E\uFFFD/'~\""))
+        << file.toStdString();
+}
+
 TEST_F(LibraryExportTest, halfAPairInATitleComesBack)
 {
     const QString title = QString(QChar(0xD83D)) + u"x" + QChar(0xDC69) + u"\U0001F469";

@@ -78,7 +78,7 @@ platform::Result<QByteArray> CsvRecords::field()
 platform::Result<QByteArray> CsvRecords::quotedField()
 {
     const qsizetype start = m_at++;
-    QByteArray value("");
+    QByteArray value;
     while (true) {
         const qsizetype quote = m_bytes.indexOf('"', m_at);
         if (quote < 0) {
@@ -111,6 +111,5 @@ platform::Result<QByteArray> CsvRecords::plainField()
         }
         ++m_at;
     }
-    // An empty field is not a missing one.
-    return start == m_at ? QByteArray("") : m_bytes.sliced(start, m_at - start).toByteArray();
+    return m_bytes.sliced(start, m_at - start).toByteArray();
 }

@@ -72,7 +72,7 @@ bool JsonReader::isText()
 
 QString JsonReader::key()
 {
-    const QString name = text(QStringLiteral("A name in quotation marks must stand here."));
+    QString name = text(QStringLiteral("A name in quotation marks must stand here."));
     const qsizetype start = position();
     if (!take(":"))
         fail(start, QStringLiteral("A colon must stand here."));

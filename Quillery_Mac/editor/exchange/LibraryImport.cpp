@@ -72,6 +72,13 @@ void renumber(const Snippets &items)
         items[i]->setOrder(toSixteenBit(static_cast<qint64>(i), "order"));
 }
 
+// A save writes the clips too. If only they failed, the snippets are in their file all the same.
+bool isWritten(const Snippets &items)
+{
+    return std::none_of(items.begin(), items.end(),
+                        [](const Snippet *item) { return item->hasChanges(); });
+}
+
 std::vector<qint16> ordersOf(const Snippets &items)
 {
     std::vector<qint16> orders;
@@ -87,7 +94,7 @@ platform::Result<ImportUndo> importLibrary(ManagedObjectContext &context,
                                            const ParsedLibrary &library)
 {
     const Snippets others = context.fetch<Snippet>();
-    if (static_cast<qsizetype>(others.size() + library.items.size()) > kMaxLibraryItems) {
+    if (others.size() + library.items.size() > static_cast<std::size_t>(kMaxLibraryItems)) {
         return platform::failure(
             Error::Kind::Refused,
             QStringLiteral("A library holds at most 32,767 snippets and folders. There are %1 "
@@ -107,8 +114,7 @@ platform::Result<ImportUndo> importLibrary(ManagedObjectContext &context,
     renumber(joined(others, imported));
 
     const auto saved = context.save();
-    // A save also writes the clips; if only that failed, the import is in the snippets' file.
-    if (!saved && imported.front()->isInserted()) {
+    if (!saved && !isWritten(imported)) {
         for (Snippet *snippet : imported)
             context.deleteObject(*snippet);
         for (std::size_t i = 0; i < others.size(); ++i)
@@ -140,14 +146,20 @@ bool ImportUndo::isOrderUntouched(ManagedObjectContext &context) const
 platform::Result<void> ImportUndo::undo(ManagedObjectContext &context) const
 {
     const bool isUntouched = isOrderUntouched(context);
+    Snippets changed;
     for (const qint64 objectId : m_imported) {
-        if (auto *snippet = context.object<Snippet>(objectId))
+        if (auto *snippet = context.object<Snippet>(objectId)) {
             context.deleteObject(*snippet);
+            changed.push_back(snippet);
+        }
     }
     for (const Other &other : m_others) {
         auto *snippet = isUntouched ? context.object<Snippet>(other.objectId) : nullptr;
-        if (snippet != nullptr)
+        if (snippet != nullptr) {
             snippet->setOrder(other.orderBefore);
+            changed.push_back(snippet);
+        }
     }
-    return context.save();
+    const auto saved = context.save();
+    return isWritten(changed) ? platform::Result<void>() : saved;
 }

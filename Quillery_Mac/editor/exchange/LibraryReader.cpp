@@ -11,8 +11,6 @@
 #include <span>
 #include <utility>
 
-using platform::Error;
-
 namespace {
 
 // Beyond it the store has no dates: 1e13 seconds.
@@ -192,8 +190,7 @@ private:
     {
         if (m_group.item.content)
             m_json.fail(position, QStringLiteral("The item has two contents."));
-        // An empty text is not a missing one.
-        m_group.item.content = content.isNull() ? QByteArray("") : content;
+        m_group.item.content = content;
     }
 
     void readTimestamp(qsizetype position)
