@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/ui/FieldPasting.h"
 
+#include "Quillery_Mac/ui/ExactField.h"
 #include "platform/pasteboard/Pasteboard.h"
 
 #include <QApplication>
@@ -24,7 +25,10 @@ void insert(QLineEdit &field, const QByteArray &utf8)
 template <typename TextEdit>
 void insert(TextEdit &field, const QByteArray &utf8)
 {
-    field.insertPlainText(QString::fromUtf8(utf8));
+    if (auto *exact = dynamic_cast<ExactField *>(&field))
+        exact->insertUtf8(utf8);
+    else
+        field.insertPlainText(QString::fromUtf8(utf8));
     field.ensureCursorVisible();
 }
 

@@ -92,6 +92,22 @@ void LazyColumn::ensureVisible(int row)
         m_bar->setValue(bottom - height());
 }
 
+int LazyColumn::rowAt(int y) const
+{
+    const int row = (y + m_bar->value()) / m_rowHeight;
+    return y >= 0 && row < m_rows.rowCount() ? row : -1;
+}
+
+int LazyColumn::topOf(int row) const
+{
+    return row * m_rowHeight - m_bar->value();
+}
+
+void LazyColumn::scrollBy(int points)
+{
+    m_bar->setValue(m_bar->value() + points);
+}
+
 QWidget *LazyColumn::rowWidget(int row) const
 {
     const auto found = m_shown.find(row);

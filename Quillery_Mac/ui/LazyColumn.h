@@ -50,11 +50,20 @@ public:
     void release();
     /// Scrolls as little as needed to have the row in view.
     void ensureVisible(int row);
+    /// The row at a height of the column; -1 where there is none.
+    int rowAt(int y) const;
+    /// Where the row's upper edge is in the column, in points; may be outside of it.
+    int topOf(int row) const;
+    /// Scrolls by so many points, as far as there are rows.
+    void scrollBy(int points);
     /// The widget that shows `row` now; null when it is not in view.
     QWidget *rowWidget(int row) const;
 
     /// The height of all rows together, in points.
     int contentHeight() const;
+    int rowHeight() const { return m_rowHeight; }
+    /// The part of the column that rows are drawn in; the rest is the scroll bar's.
+    QRect rowsRect() const { return m_viewport->geometry(); }
     ThinScrollBar &scrollBar() const { return *m_bar; }
     const std::map<int, QWidget *> &rowsInView() const { return m_shown; }
 

@@ -108,6 +108,11 @@ QColor divider(const QPalette &palette)
     return line(palette, 0.15);
 }
 
+QColor sidebar(const QPalette &palette)
+{
+    return mixed(text(palette), window(palette), 0.04);
+}
+
 QColor windowEdge(const QPalette &palette)
 {
     return line(palette, 0.22);

@@ -16,6 +16,8 @@ bool isDark(const QPalette &palette);
 
 QColor window(const QPalette &palette);
 QColor base(const QPalette &palette);
+/// The ground of a column beside the main one.
+QColor sidebar(const QPalette &palette);
 QColor text(const QPalette &palette);
 QColor disabledText(const QPalette &palette);
 /// Second lines, tallies, glyphs at rest.

@@ -29,6 +29,11 @@ inline constexpr int kPopoverGap = 4;    ///< menu to popover, and popover to th
 inline constexpr int kSearchFieldHeight = 28;
 inline constexpr int kSearchFieldGap = 4;
 
+inline constexpr int kLibraryRowHeight = 28;
+inline constexpr int kLibraryRowPadding = 12; ///< added to a line of text that is taller than that
+inline constexpr int kDropStrip = 14;
+inline constexpr int kToolbarHeight = 44;
+
 inline constexpr int kScrollBar = 6;
 inline constexpr int kScrollBarInset = 2;
 inline constexpr int kScrollGutter = 10;
@@ -45,6 +50,7 @@ inline constexpr qreal kTintedButtonRadius = 5;
 inline constexpr qreal kTallyFont = 0.85; ///< times the desktop's font
 inline constexpr qreal kHintFont = 0.92;
 
-inline constexpr int kFolderMotion = 120; ///< milliseconds
+inline constexpr int kFolderMotion = 120;  ///< milliseconds
+inline constexpr int kLibraryMotion = 150; ///< milliseconds
 
 } // namespace tokens

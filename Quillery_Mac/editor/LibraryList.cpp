@@ -1,0 +1,374 @@
+// SPDX-License-Identifier: MIT
+#include "Quillery_Mac/editor/LibraryList.h"
+
+#include "Quillery_Mac/editor/DragPicture.h"
+#include "Quillery_Mac/editor/DropLine.h"
+#include "Quillery_Mac/editor/LibraryRowView.h"
+#include "Quillery_Mac/ui/Drawing.h"
+#include "Quillery_Mac/ui/PaletteColors.h"
+#include "Quillery_Mac/ui/Tokens.h"
+
+#include <QDrag>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QPointer>
+
+namespace {
+
+/// Marks a drag of ours, and makes one of a folder, which has no text, a drag at all.
+const QString kRowFormat = QStringLiteral("application/x-quillery-row");
+const QString kPlainFormat = QStringLiteral("text/plain;charset=utf-8");
+
+constexpr std::chrono::milliseconds kAutoScroll{30};
+constexpr int kAutoScrollZone = 20;
+constexpr int kAutoScrollStep = 8;
+
+} // namespace
+
+LibraryList::LibraryList(LibraryState &state, QWidget *parent)
+    : QWidget(parent)
+    , m_state(state)
+    , m_column(*this, this)
+    , m_line(new DropLine(this))
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    m_column.setAccessibleName(tr("Snippets"));
+    m_column.setRowHeight(rowHeight());
+    m_autoScroll.setInterval(kAutoScroll);
+    connect(&m_autoScroll, &QTimer::timeout, this, [this] { m_column.scrollBy(m_autoScrollStep); });
+    connect(&state, &LibraryState::rowsChanged, this, &LibraryList::rowsAreOthers);
+    connect(&state, &LibraryState::rowsFaded, this, [this] { m_column.reload(); });
+    connect(&state, &LibraryState::membersSlide, this,
+            [this](int row, int count) { m_column.slide(row + 1, count); });
+    connect(&state.items, &LiveFetchBase::changed, this, [this] { m_column.reload(); });
+    m_observers.push_back(state.selectedItem.addNotifier([this] { selectionChanged(); }));
+    rowsAreOthers();
+}
+
+LibraryList::~LibraryList()
+{
+    m_column.release();
+}
+
+bool LibraryList::isSelected(const ShownRow &row) const
+{
+    const std::optional<QUuid> id = m_state.selectedItem.value();
+    return id && row.row != nullptr && row.row->item != nullptr && row.row->item->id() == id;
+}
+
+bool LibraryList::isDragged(const ShownRow &row) const
+{
+    const Snippet *dragged = m_state.dragging.value();
+    if (dragged == nullptr || row.row == nullptr)
+        return false;
+    return row.row->item == dragged || (row.folder != nullptr && row.folder->item == dragged);
+}
+
+void LibraryList::choose(const ShownRow &row)
+{
+    if (row.row != nullptr && row.row->item != nullptr)
+        m_state.selectedItem = row.row->item->id();
+}
+
+void LibraryList::toggle(const ShownRow &row)
+{
+    if (row.row != nullptr && row.row->item != nullptr && row.row->isFolder)
+        m_state.setExpanded(*row.row->item, !row.row->expanded);
+}
+
+void LibraryList::drag(const ShownRow &row, LibraryRowView &view)
+{
+    if (row.row == nullptr || row.row->item == nullptr)
+        return;
+    Snippet &item = *row.row->item;
+    m_state.startDrag(item);
+    auto *mime = new QMimeData;
+    mime->setData(kRowFormat, QByteArray());
+    if (!item.isFolder()) {
+        const QByteArray content = item.content().value_or(QByteArray());
+        mime->setText(QString::fromUtf8(content));
+        mime->setData(kPlainFormat, content);
+    }
+    auto *drag = new QDrag(this);
+    drag->setMimeData(mime);
+    drag->setPixmap(dragPicture(view, m_state.draggedCount()));
+    drag->setHotSpot(dragHotSpot());
+    m_column.reload();
+    const QPointer<LibraryList> self(this);
+    drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    if (self.isNull())
+        return;
+    m_state.dropOutside();
+    untarget();
+    m_column.reload();
+}
+
+void LibraryList::chooseNext(int step)
+{
+    const int count = rowCount();
+    if (count == 0)
+        return;
+    const std::optional<int> selected = m_state.selectedRow();
+    const int from = selected.value_or(step > 0 ? -1 : count);
+    choose(rowOf(std::clamp(from + step, 0, count - 1)));
+}
+
+LibraryList::DropPlace LibraryList::placeAt(QPoint point) const
+{
+    const int y = point.y() - m_column.y();
+    const int row = m_column.rowAt(y);
+    if (row < 0)
+        return {};
+    // The strip above is as high as it is; a taller row leaves the rest to the one below.
+    const bool isAbove = y - m_column.topOf(row) < tokens::kDropStrip;
+    return {row, isAbove ? Strip::Above : Strip::Below};
+}
+
+QSize LibraryList::sizeHint() const
+{
+    return {tokens::kListWidth, tokens::kSnippetsMaximumHeight};
+}
+
+void LibraryList::resizeEvent(QResizeEvent *)
+{
+    m_column.setGeometry(rect().adjusted(kRingRoom, kRingRoom, -kRingRoom, -kRingRoom));
+}
+
+void LibraryList::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_column.setRowHeight(rowHeight());
+}
+
+void LibraryList::keyPressEvent(QKeyEvent *event)
+{
+    const int page = std::max(1, height() / rowHeight() - 1);
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    switch (event->key()) {
+    case Qt::Key_Up:
+        chooseNext(-1);
+        break;
+    case Qt::Key_Down:
+        chooseNext(1);
+        break;
+    case Qt::Key_PageUp:
+        chooseNext(-page);
+        break;
+    case Qt::Key_PageDown:
+        chooseNext(page);
+        break;
+    case Qt::Key_Home:
+        chooseNext(-rowCount());
+        break;
+    case Qt::Key_End:
+        chooseNext(rowCount());
+        break;
+    case Qt::Key_Right:
+        openOrStepOut(!isMirrored);
+        break;
+    case Qt::Key_Left:
+        openOrStepOut(isMirrored);
+        break;
+    case Qt::Key_Space:
+        if (const auto row = m_state.selectedRow())
+            toggle(rowOf(*row));
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void LibraryList::focusInEvent(QFocusEvent *event)
+{
+    const Qt::FocusReason reason = event->reason();
+    m_hasKeyboardFocus = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                         reason == Qt::ShortcutFocusReason;
+    update();
+    QWidget::focusInEvent(event);
+}
+
+void LibraryList::focusOutEvent(QFocusEvent *event)
+{
+    m_hasKeyboardFocus = false;
+    update();
+    QWidget::focusOutEvent(event);
+}
+
+void LibraryList::paintEvent(QPaintEvent *)
+{
+    if (!m_hasKeyboardFocus)
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawing::strokeInside(painter, rect(), tokens::kHighlightRadius + kRingRoom, tokens::kFocusRing,
+                          paletteColors::highlight(palette()));
+}
+
+void LibraryList::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (isOwnDrag(*event) || isText(*event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void LibraryList::dragMoveEvent(QDragMoveEvent *event)
+{
+    const QPoint point = event->position().toPoint();
+    scrollNearEdge(point);
+    const DropPlace place = placeAt(point);
+    const bool isOwn = isOwnDrag(*event);
+    const bool isTaken = isOwn ? place.row >= 0 && m_state.accepts(rowOf(place.row), place.strip)
+                               : isText(*event->mimeData());
+    if (!isTaken) {
+        untarget();
+        event->ignore();
+        return;
+    }
+    target(place);
+    event->setDropAction(isOwn ? Qt::MoveAction : Qt::CopyAction);
+    event->accept();
+}
+
+void LibraryList::dragLeaveEvent(QDragLeaveEvent *)
+{
+    m_autoScroll.stop();
+    untarget();
+}
+
+void LibraryList::dropEvent(QDropEvent *event)
+{
+    m_autoScroll.stop();
+    untarget();
+    const DropPlace place = placeAt(event->position().toPoint());
+    const std::optional<ShownRow> row =
+        place.row >= 0 ? std::optional(rowOf(place.row)) : std::nullopt;
+    if (!isOwnDrag(*event)) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        m_state.dropText(droppedText(*event->mimeData()), row, place.strip);
+        return;
+    }
+    event->setDropAction(Qt::MoveAction);
+    if (row && m_state.drop(*row, place.strip))
+        event->accept();
+    else
+        event->ignore();
+}
+
+int LibraryList::rowCount() const
+{
+    return static_cast<int>(m_state.rows().size());
+}
+
+int LibraryList::kindOfRow(int) const
+{
+    return 0;
+}
+
+QWidget *LibraryList::makeRow(int, QWidget *parent)
+{
+    return new LibraryRowView(*this, m_motion, parent);
+}
+
+void LibraryList::bindRow(QWidget &widget, int row)
+{
+    static_cast<LibraryRowView &>(widget).setRow(rowOf(row));
+}
+
+void LibraryList::unbindRow(QWidget &widget)
+{
+    static_cast<LibraryRowView &>(widget).setRow({});
+}
+
+void LibraryList::rowsAreOthers()
+{
+    const QString text = m_state.searchText.value();
+    m_column.setEmptyText(text.isEmpty() ? QString() : tr("No match for \u201c%1\u201d").arg(text));
+    m_column.reload();
+}
+
+void LibraryList::selectionChanged()
+{
+    for (const auto &[row, widget] : m_column.rowsInView())
+        static_cast<LibraryRowView *>(widget)->refreshHighlight();
+    if (const auto row = m_state.selectedRow())
+        m_column.ensureVisible(*row);
+}
+
+bool LibraryList::isOwnDrag(const QDropEvent &event) const
+{
+    return m_state.isDragging() && event.mimeData()->hasFormat(kRowFormat);
+}
+
+bool LibraryList::isText(const QMimeData &mime) const
+{
+    return hasDroppedText(mime) && !mime.hasFormat(kRowFormat);
+}
+
+void LibraryList::target(const DropPlace &place)
+{
+    if (place.row < 0) {
+        untarget();
+        return;
+    }
+    const ShownRow &row = rowOf(place.row);
+    if (row.row->item != nullptr && row.row->item->id())
+        m_state.target = QMap<QUuid, bool>{{*row.row->item->id(), true}};
+    m_state.dropBelow = place.strip == Strip::Below;
+
+    // A folder that is dropped below another one lands behind that one's members.
+    const bool isBelow = place.strip == Strip::Below;
+    const bool isIntoFolder = isBelow && row.row->isFolder;
+    int edge = place.row + (isBelow ? 1 : 0);
+    if (isIntoFolder && m_state.isFolderDragged() && row.row->expanded)
+        edge += static_cast<int>(row.row->children.size());
+    const bool isMember = row.folder != nullptr || (isIntoFolder && !m_state.isFolderDragged());
+    const QRect rows = m_column.rowsRect().translated(m_column.pos());
+    const int indent = isMember ? tokens::kMemberIndent + tokens::kListRowPadding : 0;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    m_line->showAt(m_column.y() + m_column.topOf(edge), rows.left() + (isMirrored ? 0 : indent),
+                   rows.right() + 1 - (isMirrored ? indent : 0));
+}
+
+void LibraryList::untarget()
+{
+    m_state.target = QMap<QUuid, bool>();
+    m_line->hide();
+}
+
+void LibraryList::scrollNearEdge(QPoint point)
+{
+    m_autoScrollStep = point.y() < kAutoScrollZone               ? -kAutoScrollStep
+                       : point.y() >= height() - kAutoScrollZone ? kAutoScrollStep
+                                                                 : 0;
+    if (m_autoScrollStep == 0)
+        m_autoScroll.stop();
+    else if (!m_autoScroll.isActive())
+        m_autoScroll.start();
+}
+
+int LibraryList::rowHeight() const
+{
+    return std::max(tokens::kLibraryRowHeight, fontMetrics().height() + tokens::kLibraryRowPadding);
+}
+
+const ShownRow &LibraryList::rowOf(int row) const
+{
+    return m_state.rows()[static_cast<std::size_t>(row)];
+}
+
+// Forward opens a closed folder; back closes an open one, or goes from a member to its folder.
+void LibraryList::openOrStepOut(bool isOpening)
+{
+    const std::optional<int> selected = m_state.selectedRow();
+    if (!selected)
+        return;
+    const ShownRow row = rowOf(*selected);
+    if (row.row->isFolder && row.row->expanded != isOpening)
+        toggle(row);
+    else if (!isOpening && row.folder != nullptr)
+        choose({row.folder, nullptr});
+}

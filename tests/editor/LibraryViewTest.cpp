@@ -1,0 +1,474 @@
+// SPDX-License-Identifier: MIT
+// The library window by keys and mouse.
+#include "Quillery_Mac/app/Funcs.h"
+#include "Quillery_Mac/editor/ContentViewMac.h"
+#include "Quillery_Mac/editor/LibraryActions.h"
+#include "Quillery_Mac/editor/LibraryRowView.h"
+#include "Quillery_Mac/editor/SnippetDetailMac.h"
+#include "tests/editor/LibraryFixture.h"
+#include "tests/fakes/FakePasteboard.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QSplitter>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+class LibraryViewTest : public LibraryFixture
+{
+protected:
+    ContentViewMac &show()
+    {
+        EXPECT_TRUE(view().save());
+        window = std::make_unique<ContentViewMac>(
+            EditorLinks{view(), funcs, matcher, pasteboard, [] {}});
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        QCoreApplication::processEvents();
+        return *window;
+    }
+    void TearDown() override
+    {
+        window.reset();
+        LibraryFixture::TearDown();
+    }
+
+    LibraryState &state() { return window->state(); }
+
+    /// A row's widget, which must be in view.
+    LibraryRowView &rowView(const std::string &title)
+    {
+        for (const auto &[number, widget] : window->list().column().rowsInView()) {
+            auto *row = static_cast<LibraryRowView *>(widget);
+            if (row->name().toStdString() == title)
+                return *row;
+        }
+        throw std::runtime_error("no row " + title);
+    }
+    Names shown()
+    {
+        Names titles;
+        for (const ShownRow &row : state().rows())
+            titles.push_back((row.folder != nullptr ? "  " : "") + titleOf(*row.row->item));
+        return titles;
+    }
+    std::string selection()
+    {
+        const Snippet *item = state().selected();
+        return item != nullptr ? titleOf(*item) : "(none)";
+    }
+    void click(const std::string &title)
+    {
+        QTest::mouseClick(&rowView(title), Qt::LeftButton);
+        QCoreApplication::processEvents();
+    }
+    void press(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget()
+                                                               : window.get(),
+                        static_cast<Qt::Key>(key), modifiers);
+        QCoreApplication::processEvents();
+    }
+    QStringList toolbarTexts()
+    {
+        QStringList texts;
+        for (const QAction *action : window->findChild<QToolBar *>()->actions()) {
+            if (action->isVisible())
+                texts.append(action->text());
+        }
+        return texts;
+    }
+    QPlainTextEdit &text() { return *window->detail()->findChild<QPlainTextEdit *>(); }
+
+    /// Where a strip of a row is in the list.
+    QPoint onStrip(const std::string &title, Strip strip)
+    {
+        LibraryRowView &row = rowView(title);
+        const int y = strip == Strip::Above ? 3 : row.height() - 3;
+        return row.mapTo(&window->list(), QPoint(60, y));
+    }
+    /// The pointer comes with a drag, and stops over a point.
+    bool moveOver(const QMimeData &mime, QPoint point)
+    {
+        return moveOver(window->list(), mime, point);
+    }
+    bool moveOver(QWidget &target, const QMimeData &mime, QPoint point)
+    {
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(point, actions, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&target, &enter);
+        QDragMoveEvent move(point, actions, &mime, Qt::LeftButton, Qt::NoModifier);
+        move.ignore();
+        QApplication::sendEvent(&target, &move);
+        return move.isAccepted();
+    }
+    bool dropOn(QWidget &target, const QMimeData &mime, QPoint point)
+    {
+        moveOver(target, mime, point);
+        QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton,
+                         Qt::NoModifier);
+        event.ignore();
+        QApplication::sendEvent(&target, &event);
+        return event.isAccepted();
+    }
+    std::unique_ptr<QMimeData> rowData()
+    {
+        auto mime = std::make_unique<QMimeData>();
+        mime->setData(QStringLiteral("application/x-quillery-row"), QByteArray());
+        return mime;
+    }
+
+    FakePasteboard pasteboard;
+    SnippetMatcher matcher{QLocale(QLocale::English)};
+    Funcs funcs{[](bool, ManagedObjectContext &) { return new QWidget; }, [](QWidget &) {}};
+    std::unique_ptr<ContentViewMac> window;
+};
+
+TEST_F(LibraryViewTest, anEmptyLibraryShowsThePlaceholder)
+{
+    show();
+
+    EXPECT_EQ(window->detail(), nullptr);
+    const auto labels = window->findChildren<QLabel *>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+        return label->isVisible() &&
+               label->text() ==
+                   QStringLiteral("<-- Select a Snippet. Press + to create a new Snippet");
+    }));
+    EXPECT_EQ(window->list().column().rowsInView().size(), 0U);
+}
+
+TEST_F(LibraryViewTest, theToolbarHasItsOrderAndDeleteOnlyWhileSomethingIsSelected)
+{
+    snippet("a");
+    show();
+    EXPECT_EQ(toolbarTexts(),
+              (QStringList{QStringLiteral("Add Snippet"), QStringLiteral("Add Folder")}));
+
+    click("a");
+
+    EXPECT_EQ(toolbarTexts(),
+              (QStringList{QStringLiteral("Add Snippet"), QStringLiteral("Add Folder"),
+                           QStringLiteral("Delete")}));
+    EXPECT_NE(window->detail(), nullptr);
+    press(Qt::Key_F6);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(toolbarTexts().size(), 2);
+    EXPECT_EQ(window->detail(), nullptr);
+    EXPECT_EQ(shown(), Names{});
+}
+
+TEST_F(LibraryViewTest, theSidebarIsAtLeast215PointsWide)
+{
+    show();
+    auto *split = window->findChild<QSplitter *>();
+    EXPECT_EQ(split->sizes().first(), 215);
+
+    split->setSizes({10, 700});
+
+    EXPECT_EQ(split->sizes().first(), 215);
+}
+
+TEST_F(LibraryViewTest, aRowHasAStripOfFourteenPointsAboveAndTheRestBelow)
+{
+    snippet("a");
+    show();
+
+    const int line = rowView("a").fontMetrics().height();
+    EXPECT_EQ(rowView("a").height(), std::max(28, line + 12));
+    const QPoint top = rowView("a").mapTo(&window->list(), QPoint(0, 0));
+    EXPECT_EQ(window->list().placeAt(top + QPoint(5, 13)).strip, Strip::Above);
+    EXPECT_EQ(window->list().placeAt(top + QPoint(5, 14)).strip, Strip::Below);
+    EXPECT_EQ(window->list().placeAt(top + QPoint(5, line + 12)).row, -1);
+}
+
+TEST_F(LibraryViewTest, theChevronOpensAFolderWithoutSelectingIt)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a");
+    show();
+
+    QTest::mouseClick(&rowView("Office"), Qt::LeftButton, {}, QPoint(12, 14));
+
+    EXPECT_TRUE(office.expanded());
+    EXPECT_EQ(selection(), "(none)");
+    EXPECT_EQ(shown(), (Names{"Office", "  a"}));
+    EXPECT_TRUE(rowView("Office").isExpanded());
+}
+
+TEST_F(LibraryViewTest, arrowKeysSelectAndOpenAndClose)
+{
+    snippet("a");
+    Snippet &office = folder("Office", false);
+    snippet("b");
+    show();
+
+    press(Qt::Key_F6);
+    press(Qt::Key_End);
+    EXPECT_EQ(selection(), "Office");
+    press(Qt::Key_F6);
+    press(Qt::Key_Right);
+    EXPECT_TRUE(office.expanded());
+    press(Qt::Key_Down);
+    EXPECT_EQ(selection(), "b");
+    press(Qt::Key_F6);
+    press(Qt::Key_Left);
+    EXPECT_EQ(selection(), "Office");
+    press(Qt::Key_F6);
+    press(Qt::Key_Left);
+    EXPECT_FALSE(office.expanded());
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(selection(), "a");
+}
+
+TEST_F(LibraryViewTest, choosingARowPutsTheCursorIntoItsEditor)
+{
+    snippet("a");
+    show();
+
+    click("a");
+
+    EXPECT_EQ(QApplication::focusWidget(), &text());
+}
+
+TEST_F(LibraryViewTest, whatIsTypedAsTitleShowsInTheListAtOnceAndIsSavedWithTheNextSelection)
+{
+    Snippet &a = snippet("a");
+    snippet("b");
+    show();
+    click("a");
+    auto *title = window->detail()->findChild<QLineEdit *>();
+    title->setFocus();
+    QTest::keyClicks(title, QStringLiteral("bc"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(a.title(), QStringLiteral("abc"));
+    EXPECT_EQ(rowView("abc").name(), QStringLiteral("abc"));
+    EXPECT_TRUE(view().hasChanges());
+
+    click("b");
+
+    EXPECT_FALSE(view().hasChanges());
+    EXPECT_EQ(answer(snippetsFile(), "SELECT title FROM Snippet ORDER BY \"order\""), "abc");
+}
+
+TEST_F(LibraryViewTest, closingTheWindowSavesTheOpenEditor)
+{
+    snippet("a");
+    show();
+    click("a");
+    QTest::keyClicks(&text(), QStringLiteral("x"));
+    EXPECT_TRUE(view().hasChanges());
+
+    window->close();
+
+    EXPECT_FALSE(view().hasChanges());
+}
+
+TEST_F(LibraryViewTest, quittingWithAnEditorOpenSaves)
+{
+    snippet("a");
+    show();
+    click("a");
+    QTest::keyClicks(&text(), QStringLiteral("x"));
+
+    window.reset();
+
+    EXPECT_FALSE(view().hasChanges());
+}
+
+using FatalLibraryView = LibraryViewTest;
+
+TEST_F(FatalLibraryView, aSaveThatTheLibraryDroppedIsFatalWhenAnEditorDisappears)
+{
+    snippet("a");
+    show();
+    const char *refuse = "CREATE TRIGGER refuse BEFORE INSERT ON Snippet "
+                         "BEGIN SELECT RAISE(ABORT, 'full'); END";
+    execute(snippetsFile(), refuse);
+    state().addSnippet();
+    EXPECT_TRUE(view().hasChanges());
+
+    EXPECT_DEATH(window->close(), "Unresolved error .*full");
+    execute(snippetsFile(), "DROP TRIGGER refuse");
+}
+
+TEST_F(LibraryViewTest, aSelectedItemThatGoesElsewhereLeavesThePlaceholder)
+{
+    Snippet &a = snippet("a");
+    show();
+    click("a");
+
+    view().deleteObject(a);
+    EXPECT_TRUE(view().save());
+
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->detail() == nullptr; }));
+}
+
+TEST_F(LibraryViewTest, typingInTheSearchFieldShowsWhatMatchesAndEscapeEverything)
+{
+    snippet("apple");
+    snippet("pear");
+    show();
+    press(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_EQ(QApplication::focusWidget(), &window->searchField());
+
+    QTest::keyClicks(&window->searchField(), QStringLiteral("PEA"));
+
+    EXPECT_EQ(shown(), Names{"pear"});
+    press(Qt::Key_Return);
+    EXPECT_EQ(selection(), "pear");
+    press(Qt::Key_F, Qt::ControlModifier);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(shown(), (Names{"apple", "pear"}));
+    EXPECT_EQ(selection(), "pear");
+}
+
+TEST_F(LibraryViewTest, itemsMoveByKeys)
+{
+    snippet("a");
+    snippet("b");
+    show();
+    click("b");
+
+    press(Qt::Key_Up, Qt::AltModifier);
+
+    EXPECT_EQ(shown(), (Names{"b", "a"}));
+    EXPECT_EQ(window->list().accessibleDescription(), QStringLiteral("Moved above a"));
+}
+
+TEST_F(LibraryViewTest, newItemsComeByKeys)
+{
+    show();
+
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(selection(), "New Snippet");
+    EXPECT_EQ(QApplication::focusWidget(), &text());
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+
+    EXPECT_EQ(selection(), "Folder");
+    EXPECT_EQ(shown(), (Names{"New Snippet", "Folder"}));
+}
+
+TEST_F(LibraryViewTest, aRowDraggedOntoAStripShowsTheLineAndLandsThere)
+{
+    Snippet &a = snippet("a");
+    snippet("b");
+    show();
+    state().startDrag(a);
+    const auto mime = rowData();
+
+    EXPECT_TRUE(moveOver(*mime, onStrip("b", Strip::Below)));
+    EXPECT_TRUE(state().dropBelow.value());
+    EXPECT_EQ(state().target.value().size(), 1);
+    auto *line = window->list().findChild<QWidget *>(QStringLiteral("drop-line"));
+    ASSERT_NE(line, nullptr);
+    EXPECT_TRUE(line->isVisible());
+    EXPECT_TRUE(dropOn(window->list(), *mime, onStrip("b", Strip::Below)));
+
+    EXPECT_EQ(shown(), (Names{"b", "a"}));
+    EXPECT_FALSE(line->isVisible());
+    EXPECT_TRUE(state().target.value().isEmpty());
+}
+
+TEST_F(LibraryViewTest, aFolderOverTheUpperStripOfAMemberIsRefused)
+{
+    folder("Office");
+    snippet("a");
+    Snippet &home = folder("Home");
+    show();
+    state().startDrag(home);
+
+    EXPECT_FALSE(moveOver(*rowData(), onStrip("a", Strip::Above)));
+    EXPECT_TRUE(moveOver(*rowData(), onStrip("a", Strip::Below)));
+}
+
+TEST_F(LibraryViewTest, aRowDroppedOutsideEveryRowStaysWhereItWas)
+{
+    Snippet &a = snippet("a");
+    snippet("b");
+    show();
+    state().startDrag(a);
+    const QPoint below(20, window->list().height() - 5);
+
+    EXPECT_FALSE(moveOver(*rowData(), below));
+    EXPECT_FALSE(dropOn(window->list(), *rowData(), below));
+
+    EXPECT_EQ(shown(), (Names{"a", "b"}));
+}
+
+TEST_F(LibraryViewTest, aTextFromAnotherProgramBecomesASnippetWhereItIsDropped)
+{
+    snippet("a");
+    snippet("b");
+    show();
+    QMimeData mime;
+    const QByteArray bytes("one\r\n\ttwo\xc2\xa0");
+    mime.setData(QStringLiteral("text/plain;charset=utf-8"), bytes);
+
+    EXPECT_TRUE(moveOver(mime, onStrip("a", Strip::Below)));
+    EXPECT_TRUE(dropOn(window->list(), mime, onStrip("a", Strip::Below)));
+
+    EXPECT_EQ(shown(), (Names{"a", "", "b"}));
+    EXPECT_EQ(state().selected()->content(), bytes);
+    EXPECT_FALSE(view().hasChanges());
+}
+
+TEST_F(LibraryViewTest, aTextDroppedBesideTheListIsTheLastSnippet)
+{
+    snippet("a");
+    ContentViewMac &library = show();
+    QMimeData mime;
+    mime.setText(QStringLiteral("dropped"));
+
+    EXPECT_TRUE(dropOn(library, mime, QPoint(500, 200)));
+
+    EXPECT_EQ(shown(), (Names{"a", ""}));
+}
+
+TEST_F(LibraryViewTest, rowsAreKnownToScreenReaders)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a");
+    show();
+    QAccessibleInterface *row = QAccessible::queryAccessibleInterface(&rowView("Office"));
+
+    EXPECT_EQ(row->role(), QAccessible::ListItem);
+    EXPECT_EQ(row->text(QAccessible::Name), QStringLiteral("Office"));
+    EXPECT_TRUE(row->state().expandable);
+    EXPECT_TRUE(row->state().collapsed);
+    EXPECT_FALSE(row->state().selected);
+    click("Office");
+    EXPECT_TRUE(row->state().selected);
+    state().setExpanded(office, true);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&rowView("Office"))->state().expanded);
+}
+
+TEST_F(LibraryViewTest, everythingInTheToolbarIsInTheMenusToo)
+{
+    snippet("a");
+    show();
+    click("a");
+    QStringList entries;
+    for (const QAction *menu : window->menuBar()->actions()) {
+        for (const QAction *entry : menu->menu()->actions())
+            entries.append(entry->text().remove(u'&'));
+    }
+
+    for (const QString &text : toolbarTexts())
+        EXPECT_TRUE(entries.contains(text)) << text.toStdString();
+    EXPECT_TRUE(entries.contains(QStringLiteral("Export Library…")));
+    EXPECT_TRUE(entries.contains(QStringLiteral("Import…")));
+}
+
+} // namespace
