@@ -53,8 +53,19 @@ QByteArray ExactText::utf8(int at, int count) const
 
 QString ExactText::shown(int at, int count) const
 {
-    return m_map.shown(m_utf8, m_map.atUnit(m_utf8, at, Edge::Start),
-                       m_map.atUnit(m_utf8, at + count, Edge::End));
+    const Place from = m_map.atUnit(m_utf8, at, Edge::Start);
+    const Place to = m_map.atUnit(m_utf8, at + count, Edge::End);
+    return m_map.shown(m_utf8, from, to).mid(at - from.unit, count);
+}
+
+qsizetype ExactText::byteAt(int at) const
+{
+    return m_map.atUnit(m_utf8, at, Edge::Start).byte;
+}
+
+int ExactText::atByte(qsizetype byte) const
+{
+    return m_map.atByte(m_utf8, byte, Edge::Start).unit;
 }
 
 void ExactText::setUtf8(const QByteArray &utf8)

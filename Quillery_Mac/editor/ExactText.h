@@ -27,6 +27,11 @@ public:
     /// The bytes behind a part of the shown text.
     QByteArray utf8(int at, int count) const;
 
+    /// Which byte stands behind a place of the shown text, and the other way round; of a character
+    /// its first one.
+    qsizetype byteAt(int at) const;
+    int atByte(qsizetype byte) const;
+
     /// The length of the shown text.
     int length() const { return m_map.units(); }
     QString shown() const { return shown(0, length()); }
