@@ -6,10 +6,12 @@
 
 namespace platform {
 
-void fatalError(const QString &message)
+void fatalError(const QString &message, const char *sourceFile)
 {
     QString line = message;
     line.replace(u'\n', u' ');
+    if (sourceFile)
+        std::fprintf(stderr, "%s: ", sourceFile);
     std::fprintf(stderr, "Fatal error: %s\n", line.toUtf8().constData());
     std::fflush(stderr);
     std::abort();
