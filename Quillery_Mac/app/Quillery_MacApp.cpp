@@ -9,6 +9,8 @@
 #include "Quillery_Mac/app/TrayIcon.h"
 #include "Quillery_Mac/app/WindowPlacement.h"
 #include "Quillery_Mac/clipboard/ClipboardMonitor.h"
+#include "Quillery_Mac/editor/AddSnippet.h"
+#include "Quillery_Mac/editor/ContentViewMac.h"
 #include "Quillery_Mac/menu/MenuView.h"
 #include "platform/hotkeys/HotkeyService.h"
 #include "platform/log/Fatal.h"
@@ -42,20 +44,17 @@ QString shortcutText(const KeyboardShortcuts::Name &name)
 /// somebody who pastes again and again, short enough to be small when idle.
 constexpr std::chrono::minutes kSearchRest{5};
 
-SceneBuilders emptyScenes()
-{
-    return {buildEmptyWindow, [](bool /*copy*/) { return buildEmptyWindow(); }, buildEmptyWindow,
-            buildEmptyWindow};
-}
-
 } // namespace
 
 Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &defaults,
                                  const QString &dataFolder)
     : openWindow([this](const QString &scene) { m_scenes.openWindow(scene); })
     , persistenceController(dataFolder)
-    , funcs([](bool /*copy*/, ManagedObjectContext & /*context*/) { return buildEmptyWindow(); },
-            [this](QWidget &ourWindow) { activate(ourWindow); })
+    , funcs(
+          [&desktop](bool copy, ManagedObjectContext &context) {
+              return new AddSnippet(context, *desktop.pasteboard, copy);
+          },
+          [this](QWidget &ourWindow) { activate(ourWindow); })
     , clipHistory(defaults, SettingsKeys::kClipHistory)
     , historySize(defaults, SettingsKeys::kHistorySize)
     , device(defaults, SettingsKeys::kDevice)
@@ -64,7 +63,7 @@ Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &d
     , m_defaults(defaults)
     , m_fieldPasting(*desktop.pasteboard)
     , m_pasteAction(*desktop.keyEventPoster, pasteNow)
-    , m_scenes(makeScenes(emptyScenes()), [this](QWidget &ourWindow) { activate(ourWindow); })
+    , m_scenes(makeScenes(sceneBuilders()), [this](QWidget &ourWindow) { activate(ourWindow); })
 {
     funcs.openWindow = openWindow;
     m_searchRest.setSingleShot(true);
@@ -201,9 +200,8 @@ void Quillery_MacApp::observePanelOnce()
 void Quillery_MacApp::addFromSelection()
 {
     m_pasteAction.copySelection();
-    QTimer::singleShot(kSelectionDelay, Qt::PreciseTimer, this, [this] {
-        funcs.openAddSnippetWindow(true, persistenceController.container->viewContext());
-    });
+    QTimer::singleShot(kSelectionDelay, Qt::PreciseTimer, this,
+                       [this] { funcs.openAddSnippetWindow(true, viewContext()); });
 }
 
 void Quillery_MacApp::openMenuBarWindow(const QRect &icon)
@@ -232,26 +230,66 @@ void Quillery_MacApp::checkForUpdates()
         updaterController->updater().checkForUpdates();
 }
 
+SceneBuilders Quillery_MacApp::sceneBuilders()
+{
+    return {
+        .welcome = buildEmptyWindow,
+        .addSnippet = [this](bool copy) -> QWidget * {
+            return new AddSnippet(viewContext(), *m_desktop.pasteboard, copy);
+        },
+        .snippetLibrary = [this] { return buildLibrary(); },
+        .settings = buildEmptyWindow,
+    };
+}
+
+QWidget *Quillery_MacApp::buildLibrary()
+{
+    auto *library = new ContentViewMac(
+        {viewContext(), funcs, m_matcher, *m_desktop.pasteboard, [this] { prepareSearch(); }});
+    restSearchAfter(*library);
+    return library;
+}
+
+ManagedObjectContext &Quillery_MacApp::viewContext()
+{
+    return persistenceController.container->viewContext();
+}
+
+void Quillery_MacApp::prepareSearch()
+{
+    m_matcher.prepare(*persistenceController.container);
+}
+
+// While a view that may search is open the prepared texts stay.
+void Quillery_MacApp::restSearchAfter(QWidget &view)
+{
+    ++m_searchingViews;
+    m_searchRest.stop();
+    connect(&view, &QObject::destroyed, &m_searchRest, [this] {
+        if (--m_searchingViews == 0)
+            m_searchRest.start(kSearchRest);
+    });
+}
+
 QWidget *Quillery_MacApp::buildMenu(bool contextMenu, PanelWindow &host)
 {
     const MenuEnvironment environment{
         .funcs = funcs,
-        .viewContext = persistenceController.container->viewContext(),
+        .viewContext = viewContext(),
         .defaults = m_defaults,
         .pasteboard = *m_desktop.pasteboard,
         .windows = host.menuWindows(),
         .desktop = *m_desktop.desktop,
         .matcher = m_matcher,
         .addShortcutHint = [] { return shortcutText(KeyboardShortcuts::Name::addHotKey()); },
-        .searchMayBegin = [this] { m_matcher.prepare(*persistenceController.container); },
+        .searchMayBegin = [this] { prepareSearch(); },
     };
     auto *menu = new MenuView(environment, pasteNow,
                               {.contextMenu = contextMenu,
                                .window = contextMenu ? &host : nullptr,
                                .updaterController = updaterController,
                                .dismiss = [&host] { host.close(); }});
-    m_searchRest.stop();
-    connect(menu, &QObject::destroyed, &m_searchRest, [this] { m_searchRest.start(kSearchRest); });
+    restSearchAfter(*menu);
     followRequests(*menu);
     if (!contextMenu)
         observeEveryWindow();

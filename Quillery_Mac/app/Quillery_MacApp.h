@@ -27,6 +27,7 @@ class PanelWindow;
 class QWidget;
 class UpdaterController;
 struct DesktopServices;
+struct SceneBuilders;
 
 /// The application object: owns the stores, the shared helper, the updater and the floating panel,
 /// declares the scenes, and starts everything in its order. One per process, main thread only.
@@ -95,6 +96,12 @@ private:
     void updateToolTip();
     void checkForUpdates();
 
+    SceneBuilders sceneBuilders();
+    QWidget *buildLibrary();
+    ManagedObjectContext &viewContext();
+    void prepareSearch();
+    void restSearchAfter(QWidget &view);
+
     void observePanelOnce();
     QWidget *buildMenu(bool contextMenu, PanelWindow &host);
     void followRequests(MenuView &menu);
@@ -111,6 +118,7 @@ private:
     QPointer<QWidget> m_setup;
     SnippetMatcher m_matcher;
     QTimer m_searchRest;
+    int m_searchingViews = 0; ///< that are open
     std::unique_ptr<MenuBarWindow> m_menuBarWindow;
     std::vector<QPropertyNotifier> m_observers;
 };

@@ -69,6 +69,23 @@ bool contains(const std::vector<ManagedObject *> &objects, const Snippet *snippe
     return std::ranges::find(objects, snippet) != objects.end();
 }
 
+[[noreturn]] void unresolved(const platform::Error &error)
+{
+    platform::fatalError(QStringLiteral("Unresolved error %1, %2").arg(error.text, userInfo(error)),
+                         kSourceFile);
+}
+
+// The save waits for a long text that is being written; the view does not live that long.
+void failIfPutOffSaveFails(ManagedObjectContext &context)
+{
+    auto *watch = new QObject(&context);
+    QObject::connect(&context, &ManagedObjectContext::putOffSaveFailed, watch, unresolved);
+    QObject::connect(&context, &ManagedObjectContext::didSave, watch, [watch](StoreKind kind) {
+        if (kind == StoreKind::Snippets)
+            watch->deleteLater();
+    });
+}
+
 } // namespace
 
 SnippetDetailMac::SnippetDetailMac(ManagedObjectContext &context, Snippet &edited, QWidget *parent)
@@ -174,12 +191,11 @@ void SnippetDetailMac::disappear()
 {
     if (!std::exchange(m_isOnScreen, false) || !m_context)
         return;
-    if (const auto saved = viewContext.save(); !saved) {
-        const platform::Error &error = saved.error();
-        platform::fatalError(
-            QStringLiteral("Unresolved error %1, %2").arg(error.text, userInfo(error)),
-            kSourceFile);
-    }
+    const auto saved = viewContext.save();
+    if (!saved)
+        unresolved(saved.error());
+    if (*saved == Saved::Later)
+        failIfPutOffSaveFails(viewContext);
 }
 
 void SnippetDetailMac::objectsChanged(const ObjectChanges &changes)
