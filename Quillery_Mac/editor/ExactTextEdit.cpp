@@ -133,7 +133,7 @@ bool ExactTextEdit::handleKey(const QKeyEvent &event)
     return true;
 }
 
-// The base class keeps all of these for itself, so the widget's own search is asked.
+// The base class either gives all of these away or keeps them all.
 bool ExactTextEdit::leaveByTab(const QKeyEvent &event)
 {
     const bool isBack = event.key() == Qt::Key_Backtab ||
@@ -141,7 +141,9 @@ bool ExactTextEdit::leaveByTab(const QKeyEvent &event)
     const bool isForward = event.key() == Qt::Key_Tab && (event.modifiers() & Qt::ControlModifier);
     if (!isBack && !isForward)
         return false;
-    QWidget::focusNextPrevChild(!isBack);
+    setTabChangesFocus(true);
+    focusNextPrevChild(!isBack);
+    setTabChangesFocus(false);
     return true;
 }
 

@@ -7,9 +7,17 @@
 #include <QContextMenuEvent>
 #include <QScopedValueRollback>
 
+namespace {
+
+// Beside what the style keeps free, so that lines and long texts start below each other.
+constexpr int kTextMargin = 4;
+
+} // namespace
+
 LineField::LineField(QWidget *parent)
     : QLineEdit(parent)
 {
+    setTextMargins(kTextMargin, 0, kTextMargin, 0);
     takeColors();
 }
 
