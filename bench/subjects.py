@@ -35,7 +35,10 @@ size=1
 
 
 class Subject:
-    """A program on a desktop. wm_class finds its windows."""
+    """A program on a desktop. wm_class finds its windows. pastes_at_press: it does not wait for the
+    key that picks to be up again, so its time begins when that goes down."""
+
+    pastes_at_press = False
 
     name = ""
     wm_class = ""
@@ -142,6 +145,7 @@ class CopyqSubject(Subject):
     name = "CopyQ"
     wm_class = "copyq"
     is_unmanaged = False
+    pastes_at_press = True
 
     def __init__(self, desktop, items=998):
         super().__init__(desktop)
