@@ -122,10 +122,16 @@ platform::Result<ImportUndo> importLibrary(ManagedObjectContext &context,
         return tl::unexpected(saved.error());
     }
     for (const Snippet *snippet : imported)
-        undo.m_imported.push_back(snippet->objectId());
+        undo.m_imported.insert(snippet->id().value_or(QUuid()));
     for (std::size_t i = 0; i < others.size(); ++i)
         undo.m_others.push_back({others[i]->objectId(), before[i], others[i]->order()});
     return undo;
+}
+
+bool ImportUndo::isImported(const Snippet &item) const
+{
+    const std::optional<QUuid> id = item.id();
+    return id && m_imported.contains(*id);
 }
 
 // Deleted items leave the others' numbers as they are, so they are no reason to keep them.
@@ -134,12 +140,10 @@ bool ImportUndo::isOrderUntouched(ManagedObjectContext &context) const
     std::unordered_map<qint64, qint16> expected;
     for (const Other &other : m_others)
         expected.emplace(other.objectId, other.orderAfter);
-    const std::unordered_set<qint64> imported(m_imported.begin(), m_imported.end());
     const Snippets items = context.fetch<Snippet>();
     return std::all_of(items.begin(), items.end(), [&](const Snippet *item) {
         const auto known = expected.find(item->objectId());
-        return known != expected.end() ? known->second == item->order()
-                                       : imported.contains(item->objectId());
+        return known != expected.end() ? known->second == item->order() : isImported(*item);
     });
 }
 
@@ -147,8 +151,8 @@ platform::Result<void> ImportUndo::undo(ManagedObjectContext &context) const
 {
     const bool isUntouched = isOrderUntouched(context);
     Snippets changed;
-    for (const qint64 objectId : m_imported) {
-        if (auto *snippet = context.object<Snippet>(objectId)) {
+    for (Snippet *snippet : context.fetch<Snippet>()) {
+        if (isImported(*snippet)) {
             context.deleteObject(*snippet);
             changed.push_back(snippet);
         }
@@ -161,5 +165,7 @@ platform::Result<void> ImportUndo::undo(ManagedObjectContext &context) const
         }
     }
     const auto saved = context.save();
-    return isWritten(changed) ? platform::Result<void>() : saved;
+    if (!saved && !isWritten(changed))
+        return tl::unexpected(saved.error());
+    return {};
 }

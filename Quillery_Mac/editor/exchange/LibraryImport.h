@@ -4,9 +4,12 @@
 #include "Quillery_Mac/editor/exchange/ParsedLibrary.h"
 #include "platform/Result.h"
 
-class ManagedObjectContext;
+#include <QSet>
 
-/// What takes an import back. Holds numbers of objects and no objects, so it may be kept for as
+class ManagedObjectContext;
+class Snippet;
+
+/// What takes an import back. Holds what names objects and no objects, so it may be kept for as
 /// long as the context lives.
 class ImportUndo
 {
@@ -18,7 +21,7 @@ public:
     platform::Result<void> undo(ManagedObjectContext &context) const;
 
     /// How many snippets and folders were imported.
-    qsizetype count() const { return static_cast<qsizetype>(m_imported.size()); }
+    qsizetype count() const { return m_imported.size(); }
 
 private:
     friend platform::Result<ImportUndo> importLibrary(ManagedObjectContext &context,
@@ -32,9 +35,11 @@ private:
         qint16 orderAfter;
     };
 
+    bool isImported(const Snippet &item) const;
     bool isOrderUntouched(ManagedObjectContext &context) const;
 
-    std::vector<qint64> m_imported;
+    /// By `id`: an object that waits for its first save has no lasting number yet.
+    QSet<QUuid> m_imported;
     std::vector<Other> m_others;
 };
 
