@@ -428,6 +428,7 @@ TEST_F(LibraryViewTest, aTextDroppedBesideTheListIsTheLastSnippet)
 {
     snippet("a");
     ContentViewMac &library = show();
+    library.setAcceptDrops(true); // as its scene wants
     QMimeData mime;
     mime.setText(QStringLiteral("dropped"));
 

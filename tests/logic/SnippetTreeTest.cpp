@@ -4,8 +4,10 @@
 #include "Quillery_Mac/store/SnippetMatcher.h"
 #include "tests/logic/StoreTestSupport.h"
 
-#include <QElapsedTimer>
 #include <QStringList>
+
+#include <ctime>
+#include <limits>
 
 namespace {
 
@@ -233,6 +235,18 @@ TEST_F(SnippetTreeTest, visibleRowsHoldTheMembersOfOpenFoldersOnly)
     EXPECT_EQ(shown.join(u' '), QStringLiteral("a F b* G"));
 }
 
+namespace {
+
+/// What this thread has worked so far, in nanoseconds; what others do meanwhile does not count.
+qint64 threadTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return qint64(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+} // namespace
+
 TEST_F(SnippetTreeTest, buildingIsLinearInTheNumberOfSnippets)
 {
     const auto searchTime = [this](int count) {
@@ -241,11 +255,10 @@ TEST_F(SnippetTreeTest, buildingIsLinearInTheNumberOfSnippets)
         std::vector<Snippet *> all = items;
         all.front() = view().fetch<Snippet>().front();
         qint64 best = std::numeric_limits<qint64>::max();
-        for (int round = 0; round < 5; ++round) {
-            QElapsedTimer timer;
-            timer.start();
+        for (int round = 0; round < 10; ++round) {
+            const qint64 began = threadTime();
             const auto nodes = snippetTree(all, true, [](const Snippet &) { return true; });
-            best = std::min(best, timer.nsecsElapsed());
+            best = std::min(best, threadTime() - began);
             EXPECT_EQ(nodes.size(), static_cast<std::size_t>(count));
         }
         return best;
@@ -254,5 +267,5 @@ TEST_F(SnippetTreeTest, buildingIsLinearInTheNumberOfSnippets)
     snippet(QStringLiteral("a"));
 
     // Inserting one by one in the middle would take about 256 times as long.
-    EXPECT_LT(searchTime(32000), 64 * searchTime(2000));
+    EXPECT_LT(searchTime(32000), 128 * searchTime(2000));
 }
