@@ -3,9 +3,10 @@
 // and a text of 50 MB. Times of single steps are given as percentiles, in milliseconds.
 #include "Quillery_Mac/store/Clip.h"
 #include "Quillery_Mac/store/LiveFetch.h"
-#include "Quillery_Mac/store/PersistenceController.h"
 #include "Quillery_Mac/store/Snippet.h"
 #include "Quillery_Mac/store/SnippetMatcher.h"
+#include "bench/Percentiles.h"
+#include "bench/SampleStores.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -20,7 +21,6 @@
 #include <algorithm>
 #include <atomic>
 #include <future>
-#include <random>
 
 namespace {
 
@@ -28,59 +28,6 @@ constexpr int kFullLibrary = 32767;
 constexpr qsizetype kSnippetBytes = 1024;
 constexpr int kFullHistory = 998;
 constexpr qsizetype kLongText = 50 << 20;
-
-/// Text of made-up words, one in ten with letters that are not ASCII.
-class Words
-{
-public:
-    Words()
-    {
-        for (int word = 0; word < 5000; ++word)
-            m_words.append(makeWord());
-    }
-
-    QByteArray text(qsizetype bytes)
-    {
-        QByteArray result;
-        while (result.size() < bytes)
-            result += m_words.at(static_cast<qsizetype>(m_random() % 5000)) + ' ';
-        return result;
-    }
-
-private:
-    QByteArray makeWord()
-    {
-        static const QString kLetters = QStringLiteral("eeeeetttaaaooiinnsshhrrddlcumwfgypbvkjxqz");
-        static const QString kOthers = QStringLiteral("éèüößñçåøжлд漢字仮名");
-        const QString &letters = m_random() % 10 == 0 ? kOthers : kLetters;
-        QString word;
-        for (unsigned letter = 0; letter < 2 + m_random() % 8; ++letter)
-            word += letters.at(static_cast<qsizetype>(m_random()) % letters.size());
-        return word.toUtf8();
-    }
-
-    std::mt19937 m_random{42};
-    QByteArrayList m_words;
-};
-
-class Stores
-{
-public:
-    Stores() { open(); }
-
-    void open()
-    {
-        m_controller.reset();
-        m_controller =
-            std::make_unique<PersistenceController>(m_folder.filePath(QStringLiteral("Quillery")));
-    }
-    PersistentContainer &container() const { return *m_controller->container; }
-    ManagedObjectContext &view() const { return container().viewContext(); }
-
-private:
-    QTemporaryDir m_folder{QStringLiteral("/var/tmp/quillery-bench-XXXXXX")};
-    std::unique_ptr<PersistenceController> m_controller;
-};
 
 Stores &fullLibrary()
 {
@@ -99,22 +46,6 @@ Stores &fullLibrary()
         return full;
     }();
     return *stores;
-}
-
-double milliseconds(const QElapsedTimer &timer)
-{
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-void report(benchmark::State &state, const char *name, std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    const auto at = [&times](double part) {
-        return times[static_cast<std::size_t>(part * static_cast<double>(times.size() - 1))];
-    };
-    state.counters[std::string(name) + "_p50_ms"] = at(0.5);
-    state.counters[std::string(name) + "_p95_ms"] = at(0.95);
-    state.counters[std::string(name) + "_max_ms"] = at(1);
 }
 
 double residentMegabytes()
