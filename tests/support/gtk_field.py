@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""A GTK text field. Its contents are in a file after every change, and so are its changes."""
+"""A GTK text field. Its contents are in a file after every change, and how often a drag moved over it."""
 
 import os
 import sys
@@ -19,9 +19,17 @@ def write(buffer):
     os.replace(path + ".new", path)
 
 
+def tell_of_drag(_field, _context, _x, _y, _time):
+    """Each motion of a drag over the field adds a byte to a file."""
+    with open(path + ".dragged", "ab") as file:
+        file.write(b".")
+    return False
+
+
 window = Gtk.Window(title=title, default_width=500, default_height=300)
 field = Gtk.TextView()
 field.get_buffer().connect("changed", write)
+field.connect("drag-motion", tell_of_drag)
 scroller = Gtk.ScrolledWindow()
 scroller.add(field)
 window.add(scroller)

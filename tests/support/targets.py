@@ -62,6 +62,11 @@ class Target:
         self.desktop.click(*self.window().centre)
         wait_until(self.has_focus, START_BOUND, f"{self.name} has the focus")
 
+    def place(self, x, y):
+        """Moves the window so that another one has room."""
+        self.desktop.run(["wmctrl", "-r", self.title, "-e", f"0,{x},{y},-1,-1"])
+        wait_until(lambda: abs(self.window().x - x) < 20, START_BOUND, f"{self.name} is at its place")
+
     def text(self):
         """The bytes received so far."""
         return self.path.read_bytes()
@@ -117,6 +122,11 @@ class GtkTarget(Target):
 
     def command(self):
         return [*support_path("gtk_field.py"), self.path, self.title]
+
+    def drag_motions(self):
+        """How many motions of drags over the field it has answered, or is about to."""
+        told = self.path.with_name(self.path.name + ".dragged")
+        return told.stat().st_size if told.exists() else 0
 
 
 class QtTarget(Target):

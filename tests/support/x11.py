@@ -8,6 +8,8 @@ from Xlib.ext import xtest
 
 SHIFT_LEVEL = 1  # column of the shifted character in the server's key map
 
+SYMS_OF_CONTROLS = {"\n": XK.XK_Return, "\t": XK.XK_Tab}
+
 MODIFIER_KEYS = {
     "shift": "Shift_L",
     "ctrl": "Control_L",
@@ -200,7 +202,7 @@ class Server:
             self._type_character(character)
 
     def _type_character(self, character):
-        sym = XK.XK_Return if character == "\n" else ord(character)
+        sym = SYMS_OF_CONTROLS.get(character) or ord(character)
         code = self.display.keysym_to_keycode(sym)
         if code == 0:
             raise LookupError(f"no key for {character!r}")
@@ -222,7 +224,13 @@ class Server:
         return place.root_x, place.root_y
 
     def button(self, number=1):
+        self.press_button(number)
+        self.release_button(number)
+
+    def press_button(self, number=1):
         self._fake(X.ButtonPress, number)
+
+    def release_button(self, number=1):
         self._fake(X.ButtonRelease, number)
 
     def keys_down(self):
