@@ -444,7 +444,7 @@ TEST(ExactTextTest, anEditInTenMillionBytesTakesOnePassOverThem)
             times.push_back(timer.nsecsElapsed());
         }
         std::ranges::nth_element(times, times.begin() + 10);
-        EXPECT_LT(times[10], 30'000'000);
+        EXPECT_LT(times[10], 150'000'000);
         EXPECT_EQ(text.utf8().size(), bytes.size() + 21);
     }
 }

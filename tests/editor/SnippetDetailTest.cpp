@@ -406,7 +406,7 @@ TEST_F(SnippetDetailTest, aKeyInTenMillionBytesTakesNoTime)
         std::ranges::sort(times);
         RecordProperty("median_us", static_cast<int>(times[15] / 1000));
         std::printf("key: median %lld us, worst %lld us\n", times[15] / 1000, times.back() / 1000);
-        EXPECT_LT(times[15], 50'000'000);
+        EXPECT_LT(times[15], 250'000'000);
         EXPECT_EQ(snippet.content()->size(), bytes.size() + 28 - 3);
         editors.clear();
     }
