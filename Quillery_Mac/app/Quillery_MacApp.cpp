@@ -12,6 +12,8 @@
 #include "Quillery_Mac/editor/AddSnippet.h"
 #include "Quillery_Mac/editor/ContentViewMac.h"
 #include "Quillery_Mac/menu/MenuView.h"
+#include "Quillery_Mac/ui/PanelWindow.h"
+#include "Quillery_Mac/ui/StandardKeys.h"
 #include "platform/hotkeys/HotkeyService.h"
 #include "platform/log/Fatal.h"
 #include "platform/log/Log.h"
@@ -199,9 +201,20 @@ void Quillery_MacApp::observePanelOnce()
 
 void Quillery_MacApp::addFromSelection()
 {
-    m_pasteAction.copySelection();
+    copySelection();
     QTimer::singleShot(kSelectionDelay, Qt::PreciseTimer, this,
                        [this] { funcs.openAddSnippetWindow(true, viewContext()); });
+}
+
+// No chord is ever typed into a window of ours; but the selection may be in one.
+void Quillery_MacApp::copySelection()
+{
+    QWidget *focus =
+        QApplication::activeWindow() != nullptr ? QApplication::focusWidget() : nullptr;
+    if (focus != nullptr && qobject_cast<PanelWindow *>(focus->window()) == nullptr)
+        sendStandardKey(*focus, QKeySequence::Copy);
+    else
+        m_pasteAction.copySelection();
 }
 
 void Quillery_MacApp::openMenuBarWindow(const QRect &icon)

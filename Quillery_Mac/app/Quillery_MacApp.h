@@ -100,6 +100,7 @@ private:
     QWidget *buildLibrary();
     ManagedObjectContext &viewContext();
     void prepareSearch();
+    void copySelection();
     void restSearchAfter(QWidget &view);
 
     void observePanelOnce();

@@ -5,10 +5,10 @@
 #include "Quillery_Mac/editor/ContentViewMac.h"
 #include "Quillery_Mac/editor/LibraryFiles.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
+#include "Quillery_Mac/ui/StandardKeys.h"
 #include "Quillery_Mac/ui/SystemImage.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -30,17 +30,10 @@ QIcon icon(const QString &name, const QPalette &palette)
 }
 
 // The fields know what to do with their keys, pasting included.
-void sendKey(QKeySequence::StandardKey standardKey)
+void sendKey(QKeySequence::StandardKey key)
 {
-    QWidget *focus = QApplication::focusWidget();
-    const QKeySequence keys(standardKey);
-    if (focus == nullptr || keys.isEmpty())
-        return;
-    const QKeyCombination chord = keys[0];
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, chord.key(), chord.keyboardModifiers());
-        QApplication::sendEvent(focus, &event);
-    }
+    if (QWidget *focus = QApplication::focusWidget())
+        sendStandardKey(*focus, key);
 }
 
 } // namespace

@@ -14,8 +14,10 @@ PersistenceController::PersistenceController(const QString &dataFolder)
         printStoreError(prepared.error());
     const QDir folder(dataFolder);
     container = std::make_unique<PersistentContainer>(std::vector<StoreDescription>{
-        {StoreKind::Clips, folder.filePath(QStringLiteral("clips.sqlite"))},
-        {StoreKind::Snippets, folder.filePath(QStringLiteral("snippets.sqlite"))},
+        {StoreKind::Clips, folder.filePath(QStringLiteral("clips.sqlite")),
+         QStringLiteral("iCloud.Quillery.Clips")},
+        {StoreKind::Snippets, folder.filePath(QStringLiteral("snippets.sqlite")),
+         QStringLiteral("iCloud.Quillery")},
     });
 }
 

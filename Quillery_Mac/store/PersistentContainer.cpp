@@ -9,7 +9,8 @@
 #include <utility>
 
 PersistentContainer::PersistentContainer(const std::vector<StoreDescription> &descriptions)
-    : m_mergeQueue(std::make_unique<MergeQueue>([this] { wakeForMerge(); }))
+    : m_descriptions(descriptions)
+    , m_mergeQueue(std::make_unique<MergeQueue>([this] { wakeForMerge(); }))
     , m_background(std::make_unique<BackgroundQueue>())
 {
     for (const StoreDescription &description : descriptions)

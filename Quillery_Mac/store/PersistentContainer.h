@@ -30,6 +30,12 @@ public:
 
     /// @param descriptions the stores, each kind at most once; loaded in this order
     explicit PersistentContainer(const std::vector<StoreDescription> &descriptions);
+
+    /// The stores as they were described, in that order, loaded or not.
+    const std::vector<StoreDescription> &persistentStoreDescriptions() const
+    {
+        return m_descriptions;
+    }
     ~PersistentContainer() override;
 
     /// The context of all views and live fetches. What background tasks save is merged into it by
@@ -75,6 +81,7 @@ private:
     /// On the background thread, so that no save of the main thread waits for it.
     void writeBackLogs();
 
+    const std::vector<StoreDescription> m_descriptions;
     std::array<std::unique_ptr<PersistentStore>, kStoreCount> m_stores;
     std::array<std::unique_ptr<PersistentHistory>, kStoreCount> m_histories;
     std::unique_ptr<MergeQueue> m_mergeQueue;

@@ -87,6 +87,21 @@ TEST_F(PersistenceControllerTest, theFoldersAboveAreMadeToo)
     EXPECT_TRUE(container().isLoaded(StoreKind::Snippets));
 }
 
+TEST_F(PersistenceControllerTest, theClipsStandBeforeTheSnippetsAndEachHasItsCloudContainer)
+{
+    open();
+
+    const auto &described = container().persistentStoreDescriptions();
+
+    ASSERT_EQ(described.size(), 2U);
+    EXPECT_EQ(described[0].kind, StoreKind::Clips);
+    EXPECT_EQ(described[0].file, clipsFile());
+    EXPECT_EQ(described[0].cloudContainer, QStringLiteral("iCloud.Quillery.Clips"));
+    EXPECT_EQ(described[1].kind, StoreKind::Snippets);
+    EXPECT_EQ(described[1].file, snippetsFile());
+    EXPECT_EQ(described[1].cloudContainer, QStringLiteral("iCloud.Quillery"));
+}
+
 TEST_F(PersistenceControllerTest, bothStoresCarryTheirVersionAndOnlyTheirOwnEntity)
 {
     open();

@@ -13,7 +13,9 @@
 #include "tests/fakes/FakeDesktopServices.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -451,6 +453,23 @@ TEST_F(EntryTest, lettingTheAddShortcutGoCopiesTheSelectionAndOpensTheFormLater)
     EXPECT_TRUE(QTest::qWaitFor(
         [] { return windowTitled(QStringLiteral("Add Snippet")) != nullptr; }, 5000));
     EXPECT_GE(sinceRelease.elapsed(), 500);
+}
+
+TEST_F(EntryTest, aSelectionInAWindowOfOursIsCopiedWithoutAKeystroke)
+{
+    skipSetup();
+    start();
+    QLineEdit field(QStringLiteral("chosen words"));
+    field.show();
+    field.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&field));
+    field.setFocus();
+    field.selectAll();
+
+    app->addFromSelection();
+
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("chosen words"));
+    EXPECT_TRUE(fakes.keyEventPoster.events.empty());
 }
 
 TEST_F(EntryTest, theActionsOfTheBusDoWhatTheirNamesSay)
