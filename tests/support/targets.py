@@ -9,7 +9,11 @@ import itertools
 import pathlib
 
 from support.desktop import START_BOUND, support_path
-from support.waiting import wait_until
+from support.dragging import drag
+from support.waiting import NotReached, wait_until
+
+DOUBLE_CLICK = 0.5  # seconds; what is pressed within them counts as one more click
+MARGIN = 30  # pixels at the right edge that a scroll bar may take
 
 _numbers = itertools.count(1)
 
@@ -71,6 +75,17 @@ class Target:
         """The bytes received so far."""
         return self.path.read_bytes()
 
+    def hold(self, text):
+        """Has the text in it, as if its user had written it, and the text alone."""
+        self.clear()
+        self.desktop.type_text(text)
+        self.wait_for_text(text.encode())
+
+    def select_all(self):
+        """Selects the text in it, as its user does; it has the keyboard. Returns what is selected."""
+        self.desktop.key("ctrl+a")
+        return self.text()
+
     def clear(self):
         """Empties the field by its own means."""
         self.desktop.key("ctrl+a")
@@ -84,10 +99,44 @@ class Target:
 
 
 class Terminal(Target):
-    """A terminal that runs the recorder."""
+    """A terminal that runs the recorder, and shows a text, of one line, if it is to hold one."""
+
+    first_line = 5  # pixels from the upper left corner, to the right and down, to a place on it
+
+    def __init__(self, desktop):
+        super().__init__(desktop)
+        self._shown = []
 
     def recorder(self):
-        return [*support_path("terminal_recorder.py"), self.path]
+        return [*support_path("terminal_recorder.py"), self.path, *self._shown]
+
+    def hold(self, text):
+        """Starts again with the text on the screen."""
+        self.stop()
+        self.path.unlink()
+        self._shown = [text]
+        self.start()
+
+    def select_all(self):
+        """Draws the mouse over the first line, which selects nothing before the terminal shows it."""
+        wait_until(self._select_first_line, START_BOUND, f"{self.name} has its text selected")
+        return self.desktop.clipboard("primary")
+
+    def _select_first_line(self):
+        window = self.window()
+        line = window.y + self.first_line
+        with drag(self.desktop, (window.x + self.first_line, line)) as dragging:
+            dragging.move_to((window.x + window.width - MARGIN, line), lambda: True, "end of the line")
+            dragging.drop()
+        try:
+            return wait_until(self._has_selected_it, DOUBLE_CLICK, "selected")
+        except NotReached:
+            return False
+
+    def _has_selected_it(self):
+        if self.desktop.server.selection_owner("PRIMARY") == 0:
+            return False
+        return self.desktop.clipboard("primary").decode().rstrip("\n") == self._shown[0]
 
     def text(self):
         return super().text().replace(b"\r", b"\n")
@@ -114,7 +163,7 @@ class VteTarget(Terminal):
         settings.parent.mkdir(parents=True, exist_ok=True)
         settings.write_text("[Configuration]\nMiscShowUnsafePasteDialog=FALSE\n")
         return ["xfce4-terminal", "--disable-server", f"--title={self.title}",
-                "--dynamic-title-mode=none", "-x", *self.recorder()]
+                "--dynamic-title-mode=none", "--hide-menubar", "--hide-toolbar", "-x", *self.recorder()]
 
 
 class GtkTarget(Target):
