@@ -34,10 +34,17 @@ Snippet *LibraryState::selected()
     const std::optional<QUuid> id = selectedItem.value();
     if (!id)
         return nullptr;
+    // Asked at every key in the editor, and each of them makes the fetch sort all objects anew.
+    Snippet *known = viewContext.object<Snippet>(m_selectedObject);
+    if (known != nullptr && known->id() == id)
+        return known;
     const std::vector<Snippet *> &all = items.results();
     const auto found = std::find_if(all.begin(), all.end(),
                                     [&id](const Snippet *item) { return item->id() == id; });
-    return found == all.end() ? nullptr : *found;
+    if (found == all.end())
+        return nullptr;
+    m_selectedObject = (*found)->objectId();
+    return *found;
 }
 
 std::optional<int> LibraryState::selectedRow() const

@@ -124,5 +124,7 @@ private:
     std::vector<ShownRow> m_shown;
     bool m_isDragging = false;
     bool m_isFolderDragged = false;
+    /// The object that selected() found last; asked for again it is there without a search.
+    qint64 m_selectedObject = 0;
     QPropertyNotifier m_searchObserver;
 };
