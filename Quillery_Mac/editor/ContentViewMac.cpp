@@ -6,6 +6,7 @@
 #include "Quillery_Mac/editor/LibraryToolbar.h"
 #include "Quillery_Mac/editor/Sidebar.h"
 #include "Quillery_Mac/editor/SnippetDetailMac.h"
+#include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
 #include <QAccessible>
@@ -14,7 +15,9 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPainter>
 #include <QSplitter>
+#include <QSplitterHandle>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -24,6 +27,37 @@ namespace {
 constexpr QSize kWindowSize(760, 480);
 constexpr QSize kSmallestWindow(716, 360);
 constexpr int kSidebarWidth = 215;
+/// With what a button keeps free beside its image, the images start where the captions below do.
+constexpr int kToolbarMargin = 12;
+
+/// The line between the columns.
+class ColumnDivider : public QSplitterHandle
+{
+public:
+    using QSplitterHandle::QSplitterHandle;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        // The rest of the handle is room to grip it.
+        QPainter(this).fillRect(contentsRect(), paletteColors::divider(palette()));
+    }
+};
+
+/// Two columns that touch, with a line between them.
+class Columns : public QSplitter
+{
+public:
+    explicit Columns(QWidget *parent)
+        : QSplitter(parent)
+    {
+        setChildrenCollapsible(false);
+        setHandleWidth(qRound(paletteColors::lineWidth(palette())));
+    }
+
+protected:
+    QSplitterHandle *createHandle() override { return new ColumnDivider(orientation(), this); }
+};
 
 } // namespace
 
@@ -32,9 +66,7 @@ ContentViewMac::ContentViewMac(const EditorLinks &links, QWidget *parent)
     , m_links(links)
     , m_state(links.viewContext, links.matcher)
 {
-    m_split = new QSplitter(this);
-    m_split->setHandleWidth(1);
-    m_split->setChildrenCollapsible(false);
+    m_split = new Columns(this);
     m_split->addWidget(buildSidebar());
     m_actions = new LibraryActions(*this, m_links, m_state);
     m_split->addWidget(buildDetailColumn());
@@ -43,8 +75,10 @@ ContentViewMac::ContentViewMac(const EditorLinks &links, QWidget *parent)
     m_split->setSizes({kSidebarWidth, kWindowSize.width() - kSidebarWidth});
     setCentralWidget(m_split);
     m_actions->fill(*menuBar());
+    setAcceptDrops(true);
     setMinimumSize(kSmallestWindow);
     resize(kWindowSize);
+    takeColors();
     observe();
     showDetail();
 }
@@ -78,7 +112,10 @@ QWidget *ContentViewMac::buildDetailColumn()
     m_placeholder->setTextFormat(Qt::PlainText);
     m_placeholder->setAlignment(Qt::AlignCenter);
     m_placeholder->setWordWrap(true);
-    m_detailColumn->addWidget(m_toolbar);
+    auto *toolbarRow = new QHBoxLayout;
+    toolbarRow->setContentsMargins(kToolbarMargin, 0, kToolbarMargin, 0);
+    toolbarRow->addWidget(m_toolbar);
+    m_detailColumn->addLayout(toolbarRow);
     m_detailColumn->addWidget(m_placeholder, 1);
     return column;
 }
@@ -154,7 +191,15 @@ void ContentViewMac::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
-        m_actions->takeColors();
+        takeColors();
+}
+
+void ContentViewMac::takeColors()
+{
+    m_actions->takeColors();
+    QPalette quiet;
+    quiet.setColor(QPalette::WindowText, paletteColors::quietText(palette()));
+    m_placeholder->setPalette(quiet);
 }
 
 void ContentViewMac::dragEnterEvent(QDragEnterEvent *event)

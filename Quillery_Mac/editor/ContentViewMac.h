@@ -48,6 +48,7 @@ private:
     void showDetail();
     void dropDetail();
     void showColumns();
+    void takeColors();
 
     EditorLinks m_links;
     LibraryState m_state;
