@@ -21,6 +21,7 @@ QUIET = 1.0  # seconds in which a wrong save or a second drop would have come
 SEED = [("Alpha", "first ü"), ("Box", None), ("Beta", "second"), ("Shelf", None), ("Gamma", "third")]
 SEEDED = [snippet(0, "Alpha", "first ü"), folder(1, "Box", content=None), snippet(2, "Beta", "second"),
           folder(3, "Shelf", content=None), snippet(4, "Gamma", "third")]
+DROPPED = "dropped words\n" * 3
 FIRST_LINE = (30, 12)  # a place on it, from the upper left corner of a field
 ROWS = ["Alpha", "Box", "Beta", "Shelf", "Gamma"]
 
@@ -166,14 +167,14 @@ def test_a_folder_is_refused_above_a_member(library, user):
 
 def test_escape_ends_a_drag_and_changes_nothing(library, user):
     row = user.control("Shelf", "list item")
-    with library.drag("Alpha") as dragging:
+    with library.drag("Beta") as dragging:
         dragging.move_to(library.below("Shelf"), lambda: library.has_line_at(row.y + row.height), "line")
         dragging.escape()
 
     stays(lambda: stored(user) == SEEDED, QUIET, "nothing moved")
     assert library.lines() == [] and library.rows() == ROWS
-    library.drag_below("Alpha", "Shelf")
-    library.wait_for_rows("Box", "Beta", "Shelf", "Alpha", "Gamma")
+    library.drag_below("Beta", "Shelf")
+    library.wait_for_rows("Alpha", "Box", "Shelf", "Beta", "Gamma")
 
 
 def side_by_side(library, target):
@@ -205,10 +206,8 @@ def test_text_that_is_dropped_becomes_a_snippet_there(library, user, source, str
     desktop = user.desktop
     with source(desktop) as field:
         side_by_side(library, field)
-        field.focus()
-        desktop.type_text("dropped words\n" * 3)
-        field.wait_for_text(b"dropped words\n" * 3)
-        desktop.key("ctrl+a")
+        field.hold(DROPPED)
+        field.select_all()
         near, place = {"above": ("Beta", library.above), "below": ("Shelf", library.below)}[strip]
         row = user.control(near, "list item")
         edge = row.y if strip == "above" else row.y + row.height
@@ -221,9 +220,9 @@ def test_text_that_is_dropped_becomes_a_snippet_there(library, user, source, str
         assert [row.title or "New" for row in stored(user)] == expected
         assert [row.order for row in stored(user)] == list(range(len(expected)))
         new = stored(user)[expected.index("New")]
-        assert (new.content, new.is_folder) == ("dropped words\n" * 3, 0)
-        library.wait_for_texts("", "dropped words\n" * 3)
-        assert field.text() == b"dropped words\n" * 3
+        assert (new.content, new.is_folder) == (DROPPED, 0)
+        library.wait_for_texts("", DROPPED)
+        assert field.text() == DROPPED.encode()
 
 
 # -- import and export ----------------------------------------------------------------------------

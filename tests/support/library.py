@@ -6,11 +6,12 @@ import collections
 from support.desktop import START_BOUND
 from support.dragging import drag
 from support.quillery import APPLICATION
-from support.waiting import wait_until
+from support.waiting import NotReached, wait_until
 
 TITLE = "Quillery"
 PLACEHOLDER = "<-- Select a Snippet. Press + to create a new Snippet"
 LINE_THICKNESS = 2  # pixels; nothing else in the list is so low
+SETTLING = 2.0  # seconds; more than a double click takes
 STRIP = 4  # pixels from a row's edge, well inside the strip of 14
 
 Stored = collections.namedtuple("Stored", "order title is_folder expanded content")
@@ -70,11 +71,22 @@ class Library:
 
     def wait_in_front(self):
         wait_until(self.is_in_front, START_BOUND, lambda: f"the library is in front: {self.user.windows()}")
+        self.wait_placed()
+
+    def wait_placed(self):
+        """The program hears of its window's place after the window is there; until then its controls
+        are not where it says."""
+        def is_known():
+            frames = self.desktop.accessibility.controls(APPLICATION, TITLE, "frame")
+            window = self.window()
+            return [(frame.x, frame.y) for frame in frames] == [(window.x, window.y)]
+        wait_until(is_known, START_BOUND, lambda: f"place of {self.window()} is known")
 
     def place(self, x, y):
         """Moves the window so that another one has room."""
         self.desktop.run(["wmctrl", "-r", TITLE, "-e", f"0,{x},{y},-1,-1"])
         wait_until(lambda: abs(self.window().x - x) < 20, START_BOUND, "the library is at its place")
+        self.wait_placed()
 
     # -- the list -----------------------------------------------------------------------------
 
@@ -93,8 +105,14 @@ class Library:
         return self.user.control(name, "list item").states
 
     def click(self, name):
-        self.user.click_on(name, "list item")
-        wait_until(lambda: "selected" in self.states(name), START_BOUND, f"{name} is selected")
+        """Until it is selected: where a row is, is told before a fresh window has settled."""
+        def is_selected():
+            self.user.click_on(name, "list item")
+            try:
+                return wait_until(lambda: "selected" in self.states(name), SETTLING, "selected")
+            except NotReached:
+                return False
+        wait_until(is_selected, START_BOUND, f"{name} is selected")
 
     def toggle(self, name):
         """Clicks on a folder's chevron, which selects nothing."""
