@@ -341,5 +341,11 @@ void Quillery_MacApp::observeEveryWindow()
 
 void Quillery_MacApp::activate(QWidget &ourWindow)
 {
+    // A menu that closes gives the keyboard back to the program in use; were it still open when the
+    // window asks for it, either might have it in the end.
+    if (window)
+        window->close();
+    if (m_menuBarWindow)
+        m_menuBarWindow->close();
     m_desktop.desktop->activate(ourWindow);
 }

@@ -36,6 +36,17 @@ constexpr int kTextInset = 8;
 // is another copy.
 constexpr std::chrono::seconds kLateText{5};
 
+// By keys, or by the menu that opens.
+bool isCopying(const QEvent &event)
+{
+    if (event.type() == QEvent::MouseButtonPress)
+        return static_cast<const QMouseEvent &>(event).button() == Qt::RightButton;
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    return key.matches(QKeySequence::Copy) || key.matches(QKeySequence::Cut);
+}
+
 } // namespace
 
 AddSnippet::AddSnippet(ManagedObjectContext &managedContext, platform::Pasteboard &pasteboard,
@@ -156,8 +167,8 @@ void AddSnippet::bind()
     connect(&items, &LiveFetchBase::changed, this, &AddSnippet::fillPicker);
     connect(&m_pasteboard, &platform::Pasteboard::changed, this, &AddSnippet::takeLateText);
 
-    connect(m_title, &QLineEdit::returnPressed, this, &AddSnippet::addSnippet);
-    connect(m_newFolder, &QLineEdit::returnPressed, this, &AddSnippet::addSnippet);
+    for (auto *field : findChildren<QWidget *>())
+        field->installEventFilter(this);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto *shortcut = new QShortcut(Qt::CTRL | key, this);
         connect(shortcut, &QShortcut::activated, this, &AddSnippet::addSnippet);
@@ -187,15 +198,25 @@ void AddSnippet::takeText()
 // What was copied for this form may still have been on its way when the form appeared.
 void AddSnippet::takeLateText()
 {
-    if (doCopy && !m_isTextTouched && m_sinceAppeared.isValid() &&
+    if (doCopy && !m_isTextTouched && m_sinceAppeared.isValid() && m_pasteboard.string() &&
         !m_sinceAppeared.hasExpired(std::chrono::milliseconds(kLateText).count()))
         takeText();
 }
 
+bool AddSnippet::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isCopying(*event))
+        m_isTextTouched = true;
+    return QWidget::eventFilter(watched, event);
+}
+
+// The fields and buttons have used the keys that mean something to them.
 void AddSnippet::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Cancel))
         cancel();
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        addSnippet();
     else
         QWidget::keyPressEvent(event);
 }

@@ -204,14 +204,25 @@ void ContentViewMac::takeColors()
 
 void ContentViewMac::dragEnterEvent(QDragEnterEvent *event)
 {
-    // A row of the list is dropped on rows only.
-    if (hasDroppedText(*event->mimeData()) && !m_state.isDragging())
-        event->acceptProposedAction();
+    takeText(*event);
+}
+
+void ContentViewMac::dragMoveEvent(QDragMoveEvent *event)
+{
+    takeText(*event);
+}
+
+// A row of the list is dropped on rows only. A text stays where it comes from too.
+void ContentViewMac::takeText(QDropEvent &event) const
+{
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(hasDroppedText(*event.mimeData()) && !m_state.isDragging());
 }
 
 void ContentViewMac::dropEvent(QDropEvent *event)
 {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    m_state.dropText(droppedText(*event->mimeData()), std::nullopt, Strip::Above);
+    takeText(*event);
+    afterDrag(*event, *this, [this, text = droppedText(*event->mimeData())] {
+        m_state.dropText(text, std::nullopt, Strip::Above);
+    });
 }

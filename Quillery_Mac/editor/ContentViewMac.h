@@ -39,11 +39,13 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
     QWidget *buildSidebar();
     QWidget *buildDetailColumn();
+    void takeText(QDropEvent &event) const;
     void observe();
     void showDetail();
     void dropDetail();

@@ -8,6 +8,7 @@
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
+#include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -43,6 +44,10 @@ LibraryList::LibraryList(LibraryState &state, QWidget *parent)
     connect(&state, &LibraryState::rowsFaded, this, [this] { m_column.reload(); });
     connect(&state, &LibraryState::membersSlide, this,
             [this](int row, int count) { m_column.slide(row + 1, count); });
+    connect(&state, &LibraryState::moved, this, [this] {
+        if (const auto row = m_state.selectedRow())
+            m_column.ensureVisible(*row);
+    });
     connect(&state.items, &LiveFetchBase::changed, this, [this] { m_column.reload(); });
     m_observers.push_back(state.selectedItem.addNotifier([this] { selectionChanged(); }));
     rowsAreOthers();
@@ -92,7 +97,8 @@ void LibraryList::drag(const ShownRow &row, LibraryRowView &view)
         mime->setText(QString::fromUtf8(content));
         mime->setData(kPlainFormat, content);
     }
-    auto *drag = new QDrag(this);
+    // The window, and the list with it, may be closed before the drag ends.
+    auto *drag = new QDrag(qApp);
     drag->setMimeData(mime);
     drag->setPixmap(dragPicture(view, m_state.draggedCount()));
     drag->setHotSpot(dragHotSpot());
@@ -243,16 +249,18 @@ void LibraryList::dropEvent(QDropEvent *event)
     m_autoScroll.stop();
     untarget();
     const DropPlace place = placeAt(event->position().toPoint());
-    const std::optional<ShownRow> row =
-        place.row >= 0 ? std::optional(rowOf(place.row)) : std::nullopt;
     if (!isOwnDrag(*event)) {
         event->setDropAction(Qt::CopyAction);
         event->accept();
-        m_state.dropText(droppedText(*event->mimeData()), row, place.strip);
+        afterDrag(*event, *this, [this, text = droppedText(*event->mimeData()), place] {
+            const bool isOnRow = place.row >= 0 && place.row < rowCount();
+            m_state.dropText(text, isOnRow ? std::optional(rowOf(place.row)) : std::nullopt,
+                             place.strip);
+        });
         return;
     }
     event->setDropAction(Qt::MoveAction);
-    if (row && m_state.drop(*row, place.strip))
+    if (place.row >= 0 && m_state.drop(rowOf(place.row), place.strip))
         event->accept();
     else
         event->ignore();

@@ -3,6 +3,7 @@
 
 #include "Quillery_Mac/editor/SnippetOrder.h"
 #include "Quillery_Mac/store/SnippetMatcher.h"
+#include "Quillery_Mac/ui/RowText.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -113,7 +114,7 @@ void LibraryState::deleteSelected()
 
 void LibraryState::setExpanded(Snippet &folder, bool expanded)
 {
-    if (m_isDragging || folder.expanded() == expanded)
+    if (m_isDragging)
         return;
     const auto before = static_cast<int>(m_shown.size());
     folder.setExpanded(expanded);
@@ -218,7 +219,9 @@ bool LibraryState::moveSelected(Strip direction)
     if (other.row->item == nullptr)
         return false;
     const QString where = (direction == Strip::Above ? tr("Moved above %1") : tr("Moved below %1"))
-                              .arg(other.row->item->title().value_or(QString()));
+                              .arg(titleRowText(other.row->item->title().value_or(QString()),
+                                                other.row->item->preview())
+                                       .text);
     Snippet *item = own.row->item;
     startDrag(*item);
     drop(other, direction);

@@ -176,6 +176,7 @@ void LazyColumn::layOut(Bind bind)
         std::min(m_rows.rowCount(),
                  (offset + height() + std::max(0, -m_slideShift) + m_rowHeight - 1) / m_rowHeight);
     recycleOutside(first, last);
+    bool isOrderOther = false;
     for (int row = first; row < last; ++row) {
         const int kind = m_rows.kindOfRow(row);
         QWidget *&widget = m_shown[row];
@@ -183,14 +184,21 @@ void LazyColumn::layOut(Bind bind)
         const bool isNew = !isOfKind;
         if (isNew && widget != nullptr)
             recycle(*widget);
-        if (isNew)
+        if (isNew) {
             widget = takeWidget(kind);
+            isOrderOther = true;
+        }
         if (isNew || bind == Bind::All)
             m_rows.bindRow(*widget, row);
         widget->setGeometry(0, row * m_rowHeight - offset + slideOffset(row), m_viewport->width(),
                             m_rowHeight);
         mask(*widget, row);
         widget->show();
+    }
+    // Screen readers go through the widgets in their stacking order.
+    for (const auto &[row, widget] : m_shown) {
+        if (isOrderOther)
+            widget->raise();
     }
 }
 

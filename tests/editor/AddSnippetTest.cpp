@@ -360,6 +360,27 @@ TEST_F(AddSnippetTest, aTextThatArrivesLateFillsAnUntouchedField)
     EXPECT_EQ(content().utf8(), mine);
 }
 
+TEST_F(AddSnippetTest, whatIsCopiedInTheFormDoesNotReplaceItsText)
+{
+    pasteboard.copyElsewhere("prefilled");
+    show(true);
+    QTest::keyClick(&content(), Qt::Key_C, Qt::ControlModifier);
+
+    pasteboard.copyElsewhere("fill");
+
+    EXPECT_EQ(content().utf8(), "prefilled");
+}
+
+TEST_F(AddSnippetTest, aClipboardThatIsEmptiedLaterLeavesTheText)
+{
+    pasteboard.copyElsewhere("prefilled");
+    show(true);
+
+    pasteboard.copyElsewhere(std::nullopt);
+
+    EXPECT_EQ(content().utf8(), "prefilled");
+}
+
 TEST_F(AddSnippetTest, aSaveThatFailsIsSilentAndTheNextOneWrites)
 {
     addItem("a", 0);

@@ -548,6 +548,22 @@ TEST_F(LibraryStateTest, aFailedSaveIsDroppedAndTheRowsStay)
     EXPECT_EQ(rows(), (Names{"New Snippet", "a"}));
 }
 
+TEST_F(LibraryStateTest, aFolderThatCouldNotBeSavedOpensWhenItCan)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a");
+    library();
+    execute(snippetsFile(), "CREATE TRIGGER refuse BEFORE UPDATE ON Snippet "
+                            "BEGIN SELECT RAISE(ABORT, 'full'); END");
+    library().setExpanded(office, true);
+    EXPECT_EQ(rows(), Names{"Office"});
+    execute(snippetsFile(), "DROP TRIGGER refuse");
+
+    library().setExpanded(office, true);
+
+    EXPECT_EQ(rows(), (Names{"Office", "  a"}));
+}
+
 using FatalLibrary = LibraryStateTest;
 
 TEST_F(FatalLibrary, aPlaceBeyondSixteenBitsEndsTheProgram)

@@ -347,6 +347,20 @@ TEST_F(LibraryViewTest, itemsMoveByKeys)
     EXPECT_EQ(window->list().accessibleDescription(), QStringLiteral("Moved above a"));
 }
 
+TEST_F(LibraryViewTest, anItemThatIsMovedStaysInView)
+{
+    for (int i = 0; i < 40; ++i)
+        snippet(std::to_string(i).c_str());
+    show();
+    click("0");
+
+    for (int i = 0; i < 39; ++i)
+        press(Qt::Key_Down, Qt::AltModifier);
+
+    EXPECT_EQ(shown().back(), "0");
+    EXPECT_EQ(rowView("0").name(), QStringLiteral("0"));
+}
+
 TEST_F(LibraryViewTest, newItemsComeByKeys)
 {
     show();

@@ -7,6 +7,7 @@ import signal
 
 import pytest
 
+from menus import open_by_second_start
 from support.desktop import START_BOUND
 from support.dragging import drag
 from support.library import PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
@@ -107,6 +108,20 @@ def test_the_library_opens_in_front_and_takes_what_is_typed(each_desktop, new_us
         library.add_snippet("Greeting", "Hello")
         library.close()
 
+        wait_for_store(user, [snippet(0, "Greeting", "Hello")])
+        assert target.text() == b""
+
+
+def test_the_menu_opens_the_library_in_front(each_desktop, new_user):
+    with new_user(each_desktop) as user, GtkTarget(each_desktop) as target:
+        open_by_second_start(user)
+        user.click_on("Snippet Editor...", "list item")
+        user.wait_gone()
+        library = Library(user)
+        library.wait_in_front()
+        library.add_snippet("Greeting", "Hello")
+
+        library.close()
         wait_for_store(user, [snippet(0, "Greeting", "Hello")])
         assert target.text() == b""
 
