@@ -166,13 +166,15 @@ TEST_F(SnippetMatcherTest, aSearchDoesNotWaitForTextsThatArePrepared)
     std::size_t count = 0;
     QObject::connect(&matcher, &SnippetMatcher::moreAnswers, &matcher,
                      [this, &count] { count = found(QStringLiteral("content")).size(); });
-    QSemaphore mayGoOn;
-    container().performBackgroundReading([&](ManagedObjectContext &) { mayGoOn.acquire(); }, [] {});
+    // The thread may still have to do with it when the test has ended.
+    const auto mayGoOn = std::make_shared<QSemaphore>();
+    container().performBackgroundReading([mayGoOn](ManagedObjectContext &) { mayGoOn->acquire(); },
+                                         [] {});
     matcher.prepare(container());
 
     EXPECT_EQ(found(QStringLiteral("content")).size(), 1U);
 
-    mayGoOn.release();
+    mayGoOn->release();
     container().waitForBackgroundTasks();
     ASSERT_TRUE(QTest::qWaitFor([&count] { return count == 50; }));
 }
@@ -187,12 +189,14 @@ TEST_F(SnippetMatcherTest, aVeryLongTextIsNotFoldedOnTheMainThreadSavedOrNot)
     addSnippet(a, 1, content);
     ASSERT_TRUE(view().save());
     addSnippet(b, 2, content);
-    QSemaphore mayGoOn;
-    container().performBackgroundReading([&](ManagedObjectContext &) { mayGoOn.acquire(); }, [] {});
+    // The thread may still have to do with it when the test has ended.
+    const auto mayGoOn = std::make_shared<QSemaphore>();
+    container().performBackgroundReading([mayGoOn](ManagedObjectContext &) { mayGoOn->acquire(); },
+                                         [] {});
 
     EXPECT_TRUE(found(QStringLiteral("needle")).empty());
 
-    mayGoOn.release();
+    mayGoOn->release();
     ASSERT_TRUE(QTest::qWaitFor([&count] { return count == 2; }));
     EXPECT_EQ(found(QStringLiteral("needle")), (Titles{a, b}));
 }
@@ -216,8 +220,10 @@ TEST_F(SnippetMatcherTest, aRecordingDoesNotWaitForThePreparation)
 {
     addSnippet(a, 1);
     ASSERT_TRUE(view().save());
-    QSemaphore mayGoOn;
-    container().performBackgroundReading([&](ManagedObjectContext &) { mayGoOn.acquire(); }, [] {});
+    // The thread may still have to do with it when the test has ended.
+    const auto mayGoOn = std::make_shared<QSemaphore>();
+    container().performBackgroundReading([mayGoOn](ManagedObjectContext &) { mayGoOn->acquire(); },
+                                         [] {});
     matcher.prepare(container());
 
     std::promise<void> recorded;
@@ -228,7 +234,7 @@ TEST_F(SnippetMatcherTest, aRecordingDoesNotWaitForThePreparation)
     });
 
     EXPECT_EQ(recorded.get_future().wait_for(std::chrono::seconds(20)), std::future_status::ready);
-    mayGoOn.release();
+    mayGoOn->release();
 }
 
 TEST_F(SnippetMatcherTest, releasedTextsAreMadeAgain)
