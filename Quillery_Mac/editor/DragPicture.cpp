@@ -107,7 +107,7 @@ QByteArray droppedText(const QMimeData &data)
 {
     if (!data.hasFormat(kUtf8))
         return data.text().toUtf8();
-    const QByteArray text = data.data(kUtf8);
+    QByteArray text = data.data(kUtf8);
     if (!text.contains("\r\n"))
         return text;
     const QByteArray plain = data.data(kPlain);
