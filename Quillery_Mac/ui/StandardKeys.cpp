@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QWidget>
 
 void sendStandardKey(QWidget &target, QKeySequence::StandardKey key)
 {
