@@ -8,7 +8,6 @@
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
-#include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -97,8 +96,7 @@ void LibraryList::drag(const ShownRow &row, LibraryRowView &view)
         mime->setText(QString::fromUtf8(content));
         mime->setData(kPlainFormat, content);
     }
-    // The window, and the list with it, may be closed before the drag ends.
-    auto *drag = new QDrag(qApp);
+    auto *drag = new QDrag(this);
     drag->setMimeData(mime);
     drag->setPixmap(dragPicture(view, m_state.draggedCount()));
     drag->setHotSpot(dragHotSpot());
