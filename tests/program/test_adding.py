@@ -5,7 +5,7 @@ import pytest
 
 from conftest import IS_LONG
 from support.desktop import START_BOUND, support_path
-from support.library import folder, snippet, stored, wait_for_store
+from support.editor_window import folder, snippet, stored, wait_for_store
 from support.quillery import ADD, APPLICATION
 from support.targets import TARGETS, GtkTarget
 from support.waiting import stays, wait_until

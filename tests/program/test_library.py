@@ -10,7 +10,7 @@ import pytest
 from menus import open_by_second_start
 from support.desktop import START_BOUND
 from support.dragging import drag
-from support.library import PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
+from support.editor_window import PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
 from support.quillery import APPLICATION
 from support.samples import mixed_text
 from support.targets import GtkTarget, QtTarget
