@@ -60,6 +60,7 @@ public:
     ManagedObjectContext &view() const { return container().viewContext(); }
 
 private:
+    // On a disk: the usual folder for temporary files may be in memory, where writing is free.
     QTemporaryDir m_folder{QStringLiteral("/var/tmp/quillery-bench-XXXXXX")};
     std::unique_ptr<PersistenceController> m_controller;
 };

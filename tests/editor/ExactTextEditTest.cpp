@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
@@ -402,11 +403,11 @@ TEST_F(ExactTextEditTest, theContextMenuUndoesAndPastesWithoutAskingTheClipboard
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
                                 field.viewport()->mapToGlobal(QPoint(5, 5)));
         QApplication::sendEvent(field.viewport(), &event);
-        auto *menu = field.findChild<QMenu *>();
-        ASSERT_NE(menu, nullptr);
+        const QPointer<QMenu> menu = field.findChild<QMenu *>();
+        ASSERT_FALSE(menu.isNull());
         menu->actions().at(index)->trigger();
         menu->close();
-        QTest::qWait(0);
+        ASSERT_TRUE(QTest::qWaitFor([&menu] { return menu.isNull(); }));
     };
 
     choose(5);

@@ -265,7 +265,7 @@ TEST_F(PutOffSaveTest, aBackgroundSaveWaits)
         context.insert<Snippet>()->setTitle(mine);
         saved = context.save();
     });
-    // Longer than the main thread would.
+    // The time is what matters: longer than the main thread would wait.
     QTest::qWait(100);
     endOtherWrite();
     container().waitForBackgroundTasks();

@@ -5,7 +5,7 @@ import pytest
 
 from conftest import IS_LONG
 from support.desktop import START_BOUND, support_path
-from support.editor_window import folder, snippet, stored, wait_for_store
+from support.editor_window import TitledWindow, folder, snippet, stored, wait_for_store
 from support.quillery import ADD, APPLICATION
 from support.targets import TARGETS, GtkTarget
 from support.waiting import stays, wait_until
@@ -19,23 +19,11 @@ CASES = [(manager, name) for manager in ("openbox", "xfwm4", "i3") for name in T
          if IS_LONG or manager == "openbox" or name == "gtk"]
 
 
-class Form:
+class Form(TitledWindow):
     """The form for a new snippet, as its user sees it and fills it in."""
 
     def __init__(self, user):
-        self.user = user
-        self.desktop = user.desktop
-
-    def window(self):
-        found = [window for window in self.user.windows() if window.title == TITLE]
-        return found[0] if found else None
-
-    def is_in_front(self):
-        """It has the focus, and the window manager names it as the active window."""
-        window = self.window()
-        server = self.desktop.server
-        return (window is not None and server.has_focus(window.id)
-                and server.active_window() == window.id)
+        super().__init__(user, TITLE)
 
     def wait_in_front(self):
         wait_until(self.is_in_front, START_BOUND, lambda: f"the form is in front: {self.user.windows()}")

@@ -39,12 +39,31 @@ def wait_for_store(user, expected):
                lambda: f"stored: {stored(user)} instead of {expected}")
 
 
-class Library:
+class TitledWindow:
+    """A window of the program that its title tells from the others."""
+
+    def __init__(self, user, title):
+        self.user = user
+        self.desktop = user.desktop
+        self.title = title
+
+    def window(self):
+        found = [window for window in self.user.windows() if window.title == self.title]
+        return found[0] if found else None
+
+    def is_in_front(self):
+        """It has the focus, and the window manager names it as the active window."""
+        window = self.window()
+        server = self.desktop.server
+        return (window is not None and server.has_focus(window.id)
+                and server.active_window() == window.id)
+
+
+class Library(TitledWindow):
     """The library window of a user."""
 
     def __init__(self, user):
-        self.user = user
-        self.desktop = user.desktop
+        super().__init__(user, TITLE)
 
     # -- the window ---------------------------------------------------------------------------
 
@@ -57,17 +76,6 @@ class Library:
     def close(self):
         self.desktop.key("ctrl+w")
         wait_until(lambda: self.window() is None, START_BOUND, "the library is closed")
-
-    def window(self):
-        found = [window for window in self.user.windows() if window.title == TITLE]
-        return found[0] if found else None
-
-    def is_in_front(self):
-        """It has the focus, and the window manager names it as the active window."""
-        window = self.window()
-        server = self.desktop.server
-        return (window is not None and server.has_focus(window.id)
-                and server.active_window() == window.id)
 
     def wait_in_front(self):
         wait_until(self.is_in_front, START_BOUND, lambda: f"the library is in front: {self.user.windows()}")
