@@ -1,12 +1,14 @@
 # SPDX-License-Identifier: MIT
 """The measurements. Times are in milliseconds, each a list of samples."""
 
+import contextlib
+import sys
 import time
 
 from probes import PaintWatch, PasteTarget, processor_time, proportional_memory, wakeups
 from subjects import POINTER, SUMMON, CopyqSubject, Floor, QuillerySubject
 from support.desktop import START_BOUND, Desktop
-from support.waiting import wait_until
+from support.waiting import NotReached, wait_until
 
 ROUNDS = 6  # of all subjects in turn, so that whatever else the machine does meets all of them
 SUMMONS = 60
@@ -25,11 +27,14 @@ FULL_LIBRARY = 32_767
 
 def measure_all(program, floors):
     """Returns {measurement: {subject: samples}}."""
+    # Keys of XTEST are never held by a finger, so the paste would not wait for their release.
+    with Desktop("openbox", physical=True) as desktop:
+        pastes = Bench(desktop, program, floors).pastes()
     with Desktop("openbox", tray="tint2") as desktop:
         bench = Bench(desktop, program, floors)
         return {
             "summon": bench.summons(),
-            "paste": bench.pastes(),
+            "paste": pastes,
             "search": bench.searches(),
             "start": bench.starts(),
             **bench.residents(),
@@ -42,9 +47,21 @@ def in_rounds(subjects, samples_of):
     results = {subject.name: [] for subject in subjects}
     for _ in range(ROUNDS):
         for subject in subjects:
-            with subject:
-                results[subject.name] += samples_of(subject)
+            with subject, lenience(subject):
+                for sample in samples_of(subject):
+                    results[subject.name].append(sample)
     return results
+
+
+@contextlib.contextmanager
+def lenience(subject):
+    """A peer that hangs ends its round; the samples before that count. Our own program may not."""
+    try:
+        yield
+    except (TimeoutError, NotReached) as why:
+        if not subject.is_peer:
+            raise
+        print(f"{subject.name} gave up a round: {why}", file=sys.stderr)
 
 
 class Bench:
@@ -82,15 +99,16 @@ class Bench:
     def _summon_times(self, subject, count):
         self._ready_to_summon()
         place = self._place_of_menu(subject)
-        samples = []
         for _ in range(count):
             self._ready_to_summon()
             pressed = self._press_summon()
-            samples.append((self._paint.painted(place) - pressed) * 1000)
-            self._release_summon()
+            try:
+                painted = self._paint.painted(place, by=subject.name)
+            finally:
+                self._release_summon()
+            yield (painted - pressed) * 1000
             subject.wait_menu()
             subject.leave()
-        return samples
 
     def _ready_to_summon(self):
         self._focus_target()
@@ -126,8 +144,8 @@ class Bench:
 
     def pastes(self):
         subjects = (self._xcb_floor(), self._quillery(), CopyqSubject(self._desktop))
-        return in_rounds(subjects, lambda subject: [self._paste_time(subject)
-                                                    for _ in range(PASTES // ROUNDS)])
+        return in_rounds(subjects, lambda subject: (self._paste_time(subject)
+                                                    for _ in range(PASTES // ROUNDS)))
 
     def _paste_time(self, subject):
         self._ready_to_summon()

@@ -27,7 +27,7 @@ class PaintWatch:
         while any(True for _ in self._painted_areas(QUIET)):
             pass
 
-    def painted(self, place, share=0.5, is_last=False):
+    def painted(self, place, share=0.5, is_last=False, by="Quillery"):
         """The time at which at least that share of a place (x, y, width, height) was painted.
 
         is_last: the last such painting before the screen is quiet, instead of the first one."""
@@ -42,7 +42,7 @@ class PaintWatch:
                 last = times[-1]
             elif last is not None:
                 return last
-        raise TimeoutError("nothing was painted")
+        raise TimeoutError(f"{by} painted nothing at {place}")
 
     def _painted_areas(self, quiet):
         """What is painted, each with the time of its report, until there is a quiet time."""

@@ -39,6 +39,7 @@ class Subject:
     key that picks to be up again, so its time begins when that goes down."""
 
     pastes_at_press = False
+    is_peer = False  # a program of others
 
     name = ""
     wm_class = ""
@@ -146,6 +147,7 @@ class CopyqSubject(Subject):
     wm_class = "copyq"
     is_unmanaged = False
     pastes_at_press = True
+    is_peer = True
 
     def __init__(self, desktop, items=998):
         super().__init__(desktop)

@@ -13,8 +13,8 @@ from support.dragging import drag
 from support.editor_window import PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
 from support.quillery import APPLICATION
 from support.samples import mixed_text
-from support.targets import GtkTarget, QtTarget
-from support.waiting import stays, wait_until
+from support.targets import SHOWN_BOUND, GtkTarget, QtTarget
+from support.waiting import NotReached, stays, wait_until
 
 FULL_AT = 64 << 10  # bytes; the log of the program stays far below
 MANY = 3000  # snippets, whose new numbers need more than that
@@ -253,7 +253,19 @@ def choose_file(user, command, dialog, file):
     wait_until(lambda: has_focus(user, "File name:"), START_BOUND, "the dialog has the keyboard")
     desktop.key("ctrl+a")
     desktop.type_text(str(file))
-    desktop.key("Return")
+    accessibility = desktop.accessibility
+    wait_until(lambda: str(file) in accessibility.texts(APPLICATION), START_BOUND, "the path is typed")
+    wait_until(lambda: accept(user, dialog), START_BOUND, "the dialog is gone")
+
+
+def accept(user, dialog):
+    """Return may only close the list of suggestions, if that has come up by then."""
+    user.desktop.key("Return")
+    try:
+        return wait_until(lambda: not user.desktop.accessibility.controls(APPLICATION, dialog, "dialog"),
+                          SHOWN_BOUND, "gone")
+    except NotReached:
+        return False
 
 
 def has_focus(user, name):

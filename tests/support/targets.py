@@ -13,6 +13,7 @@ from support.dragging import drag
 from support.waiting import NotReached, wait_until
 
 DOUBLE_CLICK = 0.5  # seconds; what is pressed within them counts as one more click
+SHOWN_BOUND = 4.0  # seconds in which a program shows what a key does
 MARGIN = 30  # pixels at the right edge that a scroll bar may take
 
 _numbers = itertools.count(1)
@@ -88,9 +89,16 @@ class Target:
 
     def clear(self):
         """Empties the field by its own means."""
+        wait_until(self._empty_field, START_BOUND, lambda: f"{self.name} is empty: {self.text()[:40]!r}")
+
+    def _empty_field(self):
+        """Tries once: a click that its window manager still holds back undoes the selection."""
         self.desktop.key("ctrl+a")
         self.desktop.key("BackSpace")
-        self.wait_for_text(b"")
+        try:
+            return wait_until(lambda: self.text() == b"", SHOWN_BOUND, "empty")
+        except NotReached:
+            return False
 
     def wait_for_text(self, expected, bound=START_BOUND):
         """Waits until exactly this text is there."""

@@ -138,7 +138,10 @@ class Server:
         return answer.value[0] if answer is not None and len(answer.value) else None
 
     def has_window_manager(self):
-        return self.root.get_full_property(self.atom("_NET_SUPPORTING_WM_CHECK"), Xatom.WINDOW) is not None
+        """Whether one is up. It tells the desktop when it has set up more than its own window; one
+        that is not as far yet (openbox) may lose a window that is mapped now."""
+        return (self.root.get_full_property(self.atom("_NET_SUPPORTING_WM_CHECK"), Xatom.WINDOW) is not None
+                and self.root.get_full_property(self.atom("_NET_CURRENT_DESKTOP"), Xatom.CARDINAL) is not None)
 
     # -- selections ---------------------------------------------------------------------------
 
