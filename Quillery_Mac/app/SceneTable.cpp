@@ -37,8 +37,10 @@ void SceneTable::closeWindows()
 QWidget *SceneTable::openWindowOf(const QString &id) const
 {
     const auto [first, last] = m_openWindows.equal_range(id);
-    const auto open =
-        std::find_if(first, last, [](const auto &entry) { return !entry.second.isNull(); });
+    // One that was closed is hidden, and lives until the event loop turns.
+    const auto open = std::find_if(first, last, [](const auto &entry) {
+        return !entry.second.isNull() && !entry.second->isHidden();
+    });
     return open == last ? nullptr : open->second.data();
 }
 

@@ -98,7 +98,8 @@ void afterDrag(const QDropEvent &event, QObject &receiver, std::function<void()>
 
 bool hasDroppedText(const QMimeData &data)
 {
-    return data.hasText() || data.hasFormat(kUtf8);
+    // A file that is dragged has an address, which counts as a text by hasText().
+    return data.hasFormat(kPlain) || data.hasFormat(kUtf8);
 }
 
 // Under the name with the charset some programs send all line ends as CRLF, for so the standard of

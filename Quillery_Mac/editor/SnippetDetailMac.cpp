@@ -250,14 +250,23 @@ void SnippetDetailMac::titleEdited()
 {
     if (m_isShowing || !snippet)
         return;
-    snippet->setTitle(m_title->text() + m_titleRest);
-    m_textRevision = snippet->textRevision();
+    editText([this] { snippet->setTitle(m_title->text() + m_titleRest); });
 }
 
 void SnippetDetailMac::contentEdited()
 {
     if (!snippet)
         return;
-    snippet->setContent(m_content->utf8());
-    m_textRevision = snippet->textRevision();
+    editText([this] { snippet->setContent(m_content->utf8()); });
+}
+
+// What changed elsewhere and is not shown yet must still be seen as such after a key in the other
+// field.
+template <typename Edit>
+void SnippetDetailMac::editText(Edit edit)
+{
+    const bool isShown = snippet->textRevision() == m_textRevision;
+    edit();
+    if (isShown)
+        m_textRevision = snippet->textRevision();
 }

@@ -60,6 +60,8 @@ private:
     void showContent();
     void titleEdited();
     void contentEdited();
+    template <typename Edit>
+    void editText(Edit edit);
 
     QPointer<ManagedObjectContext> m_context; ///< `viewContext` as long as it exists
     QLabel *m_titleCaption;

@@ -21,6 +21,7 @@
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 
 namespace {
 
@@ -436,6 +437,16 @@ TEST_F(LibraryViewTest, aTextFromAnotherProgramBecomesASnippetWhereItIsDropped)
     EXPECT_EQ(shown(), (Names{"a", "", "b"}));
     EXPECT_EQ(state().selected()->content(), bytes);
     EXPECT_FALSE(view().hasChanges());
+}
+
+TEST_F(LibraryViewTest, aDroppedFileIsNoText)
+{
+    snippet("a");
+    show();
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(QStringLiteral("/picture.png"))});
+
+    EXPECT_FALSE(moveOver(mime, onStrip("a", Strip::Below)));
 }
 
 TEST_F(LibraryViewTest, aTextDroppedBesideTheListIsTheLastSnippet)

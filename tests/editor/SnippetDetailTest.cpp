@@ -239,6 +239,19 @@ TEST_F(SnippetDetailTest, twoEditorsOfOneSnippetShowTheSameText)
     EXPECT_EQ(contentOf(other).utf8(), "new est one\r\ntwo!");
 }
 
+TEST_F(SnippetDetailTest, aKeyInOneFieldKeepsWhatChangedElsewhereInTheOther)
+{
+    Snippet &snippet = addPlain();
+    SnippetDetailMac &editor = show(snippet);
+    snippet.setContent("from elsewhere");
+    QTest::keyClicks(&titleOf(editor), QStringLiteral("s"));
+    settle();
+
+    EXPECT_EQ(contentOf(editor).utf8(), "from elsewhere");
+    EXPECT_EQ(snippet.content(), QByteArray("from elsewhere"));
+    EXPECT_EQ(titleOf(editor).text(), QStringLiteral("Titles"));
+}
+
 TEST_F(SnippetDetailTest, anEditorDoesNotAnswerToWhatItShows)
 {
     Snippet &snippet = addPlain();

@@ -16,6 +16,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -423,6 +424,22 @@ TEST_F(EntryTest, aSingleSceneOpensOnceAndAGroupAgainAndAgain)
 
     EXPECT_EQ(countTitled(QStringLiteral("Quillery Settings")), 1);
     EXPECT_EQ(countTitled(QStringLiteral("Add Snippet")), 2);
+}
+
+TEST_F(EntryTest, aSceneThatWasJustClosedOpensANewWindow)
+{
+    skipSetup();
+    start();
+    app->openWindow(SceneId::kSettings);
+    const QPointer<QWidget> closed = windowTitled(QStringLiteral("Quillery Settings"));
+    closed->close();
+
+    app->openWindow(SceneId::kSettings);
+
+    EXPECT_TRUE(QTest::qWaitFor([&closed] { return closed.isNull(); }));
+    QWidget *opened = windowTitled(QStringLiteral("Quillery Settings"));
+    ASSERT_NE(opened, nullptr);
+    EXPECT_TRUE(opened->isVisible());
 }
 
 TEST_F(EntryTest, anUnknownSceneOpensNothing)
