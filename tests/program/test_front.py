@@ -26,10 +26,7 @@ def by_tray(user):
     user.click_on("Settings...", "list item")
 
 
-# i3 may leave the keyboard where the menu gives it back to, if it is slower than the menu: there
-# only the way without a menu is certain.
-WAYS = [(manager, way) for manager in WINDOW_MANAGERS for way in (by_bus, by_second_start, by_tray)
-        if manager != "i3" or way is by_bus]
+WAYS = [(manager, way) for manager in WINDOW_MANAGERS for way in (by_bus, by_second_start, by_tray)]
 
 
 def is_in_front(user, target):
