@@ -226,14 +226,15 @@ int LazyColumn::slideOffset(int row) const
     return row >= m_slideEnd ? m_slideShift : 0;
 }
 
-// A row that comes in is seen as far as the rows behind it have made room.
+// A row that comes in is seen as far as the rows behind it have made room. The mask begins above
+// the row: an empty one would be none.
 void LazyColumn::mask(QWidget &widget, int row) const
 {
     const int front = m_slideEnd * m_rowHeight + m_slideShift;
     const int seen = front - row * m_rowHeight;
     const bool isComingIn = row >= m_slideFirst && row < m_slideEnd && seen < m_rowHeight;
     if (m_slideShift < 0 && isComingIn)
-        widget.setMask(QRegion(0, 0, widget.width(), std::max(0, seen)));
+        widget.setMask(QRegion(0, -1, widget.width(), 1 + std::max(0, seen)));
     else if (!widget.mask().isEmpty())
         widget.clearMask();
 }

@@ -295,6 +295,19 @@ class Desktop:
         """Saves the whole screen as a picture."""
         self.run(["import", "-window", "root", path])
 
+    def still_screenshot(self, path):
+        """The same once two pictures in a row are alike: nothing moves any more."""
+        raw = self.folder / "screen.ppm"  # holds the screen alone, and not when it was taken
+        raw.unlink(missing_ok=True)
+
+        def is_still():
+            before = raw.read_bytes() if raw.exists() else None
+            self.screenshot(raw)
+            return raw.read_bytes() == before
+
+        wait_until(is_still, START_BOUND, "nothing moves")
+        self.run(["convert", raw, path])
+
 
 def support_path(name):
     """A program of this folder, as a command to start with the running interpreter."""

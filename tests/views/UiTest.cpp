@@ -327,6 +327,9 @@ TEST(LazyColumn, rowsThatComeInAreInPlaceAtOnceAndOnlySeemToSlide)
     column.slide(2, 4);
     EXPECT_EQ(column.rowsInView().size(), 10U);
     EXPECT_LT(column.rowWidget(6)->y(), 180);
+    const QWidget &last = *column.rowWidget(5);
+    EXPECT_FALSE(last.mask().isEmpty());
+    EXPECT_FALSE(last.mask().intersects(last.rect())) << "what has no room yet is not seen";
     EXPECT_TRUE(QTest::qWaitFor([&column] { return column.rowWidget(6)->y() == 180; }));
     EXPECT_TRUE(column.rowWidget(5)->mask().isEmpty());
     rows.count = 6;
