@@ -291,6 +291,10 @@ class Desktop:
 
     # -- pictures -----------------------------------------------------------------------------
 
+    def pixel(self, x, y):
+        """The colour that is seen at a place of the screen."""
+        return self.server.pixel(x, y)
+
     def screenshot(self, path):
         """Saves the whole screen as a picture."""
         self.run(["import", "-window", "root", path])

@@ -113,6 +113,10 @@ class Server:
     def atom(self, name):
         return self.display.intern_atom(name)
 
+    def pixel(self, x, y):
+        """The colour at a place of the screen, as the server's bytes of it."""
+        return bytes(self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF).data)
+
     # -- focus --------------------------------------------------------------------------------
 
     def focus_window(self):
