@@ -1,10 +1,13 @@
 # SPDX-License-Identifier: MIT
 """What is picked arrives, byte by byte, in the program that was in use."""
 
+import itertools
+
 import pytest
 
 from conftest import IS_LONG, WINDOW_MANAGERS
 from menus import (
+    highlighted,
     open_by_bus,
     open_by_second_start,
     open_by_tray_click,
@@ -99,6 +102,26 @@ def test_a_clip_picked_in_the_history_arrives_and_moves_to_the_top(each_desktop,
             wait_until(lambda: user.contents() == ["middle ü".encode(), b"newest", b"oldest"],
                        START_BOUND, lambda: str(user.clips()))
             assert user.positions() == [1, 2, 3]
+
+
+# Every combination in the long run; in the short one each target with one of the sizes.
+SIZED_CLIPS = list(itertools.product(TARGETS, SIZES) if IS_LONG
+                   else zip(TARGETS, itertools.cycle(SIZES)))
+
+
+@pytest.mark.parametrize("name, size", SIZED_CLIPS)
+def test_a_clip_of_any_size_arrives_in_any_target(desktop, new_user, name, size):
+    text = mixed_text(SIZES[size])
+    with new_user(desktop, clips=["newest", text.decode()]) as user, TARGETS[name](desktop) as target:
+        user.summon()
+        user.open_popover("Down")
+        desktop.key("Right")
+        wait_until(lambda: highlighted(user, "History") == ["newest"], START_BOUND, "first row")
+        for key in ("Down", "Return"):
+            desktop.key(key)
+
+        target.wait_for_text(text)
+        wait_until(lambda: user.contents() == [text, b"newest"], START_BOUND, "at the top")
 
 
 def test_the_shortcut_keys_may_still_be_held_while_the_text_is_picked(each_desktop, new_user):
