@@ -94,6 +94,16 @@ void clear(const Name &name)
     emit notifications().shortcutByNameDidChange(name);
 }
 
+// Unlike clear() it takes away whatever stands there, and is always announced.
+void forget(const Name &name)
+{
+    const std::optional<Shortcut> old = getShortcut(name);
+    state().defaults->remove(name.defaultsKey());
+    if (old)
+        unregister(*old);
+    emit notifications().shortcutByNameDidChange(name);
+}
+
 void addHandler(const Name &name, Action action, Handlers State::*table)
 {
     (state().*table)[name].push_back(std::move(action));
@@ -135,8 +145,12 @@ void setShortcut(const std::optional<Shortcut> &shortcut, const Name &name)
 
 void reset(const std::vector<Name> &names)
 {
-    for (const Name &name : names)
-        setShortcut(name.defaultShortcut(), name);
+    for (const Name &name : names) {
+        if (const std::optional<Shortcut> shortcut = name.defaultShortcut())
+            store(*shortcut, name);
+        else
+            forget(name);
+    }
 }
 
 void onKeyDown(const Name &name, Action action)

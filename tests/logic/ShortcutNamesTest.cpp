@@ -240,6 +240,32 @@ TEST_F(ShortcutNamesTest, resettingANameWithoutDefaultClearsIt)
     EXPECT_EQ(changes.last(), QStringLiteral("addHotKey"));
 }
 
+TEST_F(ShortcutNamesTest, resettingANameWithNeitherDefaultNorShortcutIsAnnouncedAndChangesNothing)
+{
+    const Name name(kPlain);
+    setShortcut(kShortcut, Name::addHotKey());
+    const int unregistrations = service->unregistrations;
+    changes.clear();
+
+    reset({name});
+
+    EXPECT_EQ(changes.join(u' '), kPlain);
+    EXPECT_FALSE(hasStoredObject(name));
+    EXPECT_EQ(service->unregistrations, unregistrations);
+    EXPECT_EQ(registeredShortcuts(), QSet<Shortcut>{kShortcut});
+}
+
+TEST_F(ShortcutNamesTest, resettingANameWithoutDefaultRemovesWhatIsNoShortcutToo)
+{
+    const Name name(kPlain);
+    storeText("plain", QStringLiteral("not JSON"));
+
+    reset({name});
+
+    EXPECT_FALSE(hasStoredObject(name));
+    EXPECT_EQ(changes.join(u' '), kPlain);
+}
+
 TEST_F(ShortcutNamesTest, anythingElseUnderTheKeyReadsAsNoneAndIsLeftAlone)
 {
     for (const char *text : {"not JSON", "true", "17", "[]", "{\"carbonKeyCode\":\"9\"}"}) {
