@@ -16,14 +16,15 @@ static void initializeResources()
 
 namespace {
 
-// The SQL texts that lead from one version to the next; the first entry leads to version 1. Only
-// ever added to: files of every version are about.
-using Steps = std::vector<std::vector<QString>>;
+// The names of the SQL texts that make up the steps. Only ever added to: files of every version are
+// about.
+using StepNames = std::vector<std::vector<QString>>;
 
-const Steps &steps(StoreKind kind)
+const StepNames &stepNames(StoreKind kind)
 {
-    static const Steps kClips{{QStringLiteral("clips-001"), QStringLiteral("history-001")}};
-    static const Steps kSnippets{{QStringLiteral("snippets-001"), QStringLiteral("history-001")}};
+    static const StepNames kClips{{QStringLiteral("clips-001"), QStringLiteral("history-001")}};
+    static const StepNames kSnippets{
+        {QStringLiteral("snippets-001"), QStringLiteral("history-001")}};
     return kind == StoreKind::Clips ? kClips : kSnippets;
 }
 
@@ -39,17 +40,29 @@ std::string sqlText(const QString &name)
 
 int newestVersion(StoreKind kind)
 {
-    return static_cast<int>(steps(kind).size());
+    return static_cast<int>(stepNames(kind).size());
 }
 
 void migrate(SQLite::Database &database, StoreKind kind)
 {
     initializeResources();
+    MigrationSteps steps;
+    for (const std::vector<QString> &names : stepNames(kind)) {
+        std::vector<std::string> &texts = steps.emplace_back();
+        for (const QString &name : names)
+            texts.push_back(sqlText(name));
+    }
+    takeSteps(database, steps);
+}
+
+void takeSteps(SQLite::Database &database, const MigrationSteps &steps)
+{
+    const int newest = static_cast<int>(steps.size());
     int version = database.execAndGet("PRAGMA user_version").getInt();
-    for (; version < newestVersion(kind); ++version) {
+    for (; version < newest; ++version) {
         SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-        for (const QString &name : steps(kind).at(static_cast<std::size_t>(version)))
-            database.exec(sqlText(name));
+        for (const std::string &text : steps.at(static_cast<std::size_t>(version)))
+            database.exec(text);
         database.exec("PRAGMA user_version = " + std::to_string(version + 1));
         transaction.commit();
     }

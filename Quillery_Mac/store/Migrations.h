@@ -3,6 +3,9 @@
 
 #include "Quillery_Mac/store/Entity.h"
 
+#include <string>
+#include <vector>
+
 namespace SQLite {
 class Database;
 }
@@ -13,3 +16,9 @@ int newestVersion(StoreKind kind);
 /// Brings the tables of a store to the newest version, one transaction for each version. Throws
 /// SQLite::Exception; the versions before the failed one stay.
 void migrate(SQLite::Database &database, StoreKind kind);
+
+/// The SQL texts that lead from one version to the next; the first entry leads to version 1.
+using MigrationSteps = std::vector<std::vector<std::string>>;
+
+/// Takes the steps that a file has not taken yet; otherwise as migrate().
+void takeSteps(SQLite::Database &database, const MigrationSteps &steps);
