@@ -80,7 +80,8 @@ public:
     virtual QString backendId() const = 0;
     virtual Availability availability() const = 0;
 
-    /// Makes the key ours.
+    /// Makes the key ours. A chord may be registered several times; as long as the earliest of its
+    /// registrations lasts, it is the one that is told.
     ///
     /// @param keyCode   virtual key code
     /// @param modifiers bits of HotkeyModifier

@@ -87,9 +87,10 @@ void X11Hotkeys::unregisterHotkey(HotkeyRef hotkey)
     const auto found = m_hotkeys.find(hotkey);
     if (found == m_hotkeys.end())
         return;
-    if (const auto chord = chordOf(found->second.keyCode, found->second.modifiers))
-        ungrab(*chord);
+    const auto chord = chordOf(found->second.keyCode, found->second.modifiers);
     m_hotkeys.erase(found);
+    if (chord && !isWanted(*chord))
+        ungrab(*chord);
 }
 
 Result<HotkeyHandlerRef> X11Hotkeys::installHandler(HotkeyHandler handler)
@@ -122,6 +123,14 @@ std::optional<X11Hotkeys::Chord> X11Hotkeys::chordOf(quint32 keyCode, quint32 mo
     if (!keycode || !mask || *keycode < setup->min_keycode || *keycode > setup->max_keycode)
         return std::nullopt;
     return Chord{*keycode, *mask};
+}
+
+// The server holds one grab for all registrations of a chord.
+bool X11Hotkeys::isWanted(const Chord &chord) const
+{
+    return std::ranges::any_of(m_hotkeys, [this, &chord](const auto &entry) {
+        return chordOf(entry.second.keyCode, entry.second.modifiers) == chord;
+    });
 }
 
 // All variants are asked for before the first answer is awaited: one round trip.

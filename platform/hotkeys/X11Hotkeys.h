@@ -51,6 +51,8 @@ private:
     {
         xcb_keycode_t keycode;
         quint16 mask;
+
+        friend bool operator==(const Chord &, const Chord &) = default;
     };
 
     static constexpr HotkeyRef kNoHotkey{0};
@@ -60,6 +62,7 @@ private:
 
     std::optional<Chord> chordOf(quint32 keyCode, quint32 modifiers) const;
     std::optional<HotkeyRef> findPressed(const xcb_key_press_event_t &press) const;
+    bool isWanted(const Chord &chord) const;
     bool grab(const Chord &chord);
     void ungrab(const Chord &chord);
     void adoptMap();

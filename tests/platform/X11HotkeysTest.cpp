@@ -300,6 +300,21 @@ TEST_F(X11HotkeysTest, anUnregisteredHotKeyIsFreeForOthers)
     EXPECT_TRUE(QTest::qWaitFor([this] { return isFree(TestKeyboard::kV); }));
 }
 
+TEST_F(X11HotkeysTest, ofTwoRegistrationsOfAChordOneStaysWhenTheOtherGoes)
+{
+    const auto first = hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdV);
+    const auto second = hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdC);
+    strikeV();
+    expectPressAndRelease();
+
+    hotkeys->unregisterHotkey(first.value());
+
+    strikeV();
+    expectEvents({QStringLiteral("down 2"), QStringLiteral("up 2")});
+    hotkeys->unregisterHotkey(second.value());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return isFree(TestKeyboard::kV); }));
+}
+
 TEST_F(X11HotkeysTest, aHotKeyCanBeRegisteredAnew)
 {
     const auto first = hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdV);
