@@ -94,6 +94,7 @@ PersistentStore::load(const StoreDescription &description)
         SQLite::Database &database = store->m_view->database();
         if (const auto usableContents = checkContents(database, description); !usableContents)
             return tl::unexpected(usableContents.error());
+        store->m_isReadOnly = store->m_view->isReadOnly();
         store->m_view->useStore();
         migrate(database, description.kind);
         database.exec(kCommitWithoutDisk);
@@ -116,6 +117,9 @@ StoreConnection *PersistentStore::backgroundConnection()
 {
     if (!m_background && isUsable())
         m_background = connect();
+    // A file that was written before may be again: the next task opens it anew.
+    if (m_background && m_background->isReadOnly() && !m_isReadOnly)
+        m_background.reset();
     return m_background.get();
 }
 

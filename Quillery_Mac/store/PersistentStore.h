@@ -22,8 +22,8 @@ public:
 
     /// The main thread's connection.
     StoreConnection &viewConnection() { return *m_view; }
-    /// The background thread's connection, opened at the first call; null if that fails. Only
-    /// there.
+    /// The background thread's connection, opened at the first call; null if that fails, or while a
+    /// file that was written before can only be read. Only there.
     StoreConnection *backgroundConnection();
     /// The same for the reading thread; this connection cannot write.
     StoreConnection *readingConnection();
@@ -48,6 +48,7 @@ private:
 
     StoreDescription m_description;
     StoreHealth m_health;
+    bool m_isReadOnly = false; ///< the file, when it was loaded
     std::unique_ptr<StoreConnection> m_view;
     std::unique_ptr<StoreConnection> m_background;
     std::unique_ptr<StoreConnection> m_reading;

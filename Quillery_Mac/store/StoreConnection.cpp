@@ -88,6 +88,11 @@ bool StoreConnection::isBusy(const SQLite::Exception &error)
     return error.getErrorCode() == SQLITE_BUSY;
 }
 
+bool StoreConnection::isReadOnly() const
+{
+    return sqlite3_db_readonly(m_database.getHandle(), "main") == 1;
+}
+
 SQLite::Statement &StoreConnection::statement(const std::string &sql)
 {
     auto known = m_statements.find(sql);

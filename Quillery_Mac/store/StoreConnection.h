@@ -46,6 +46,8 @@ public:
     /// connection.
     SQLite::Statement &statement(const std::string &sql);
 
+    /// Whether the file could only be read when it was opened; the connection stays so.
+    bool isReadOnly() const;
     bool isUsable() const { return !m_health.isDamaged; }
     /// Words an error for the caller: TimedOut if it isBusy(), else Io. When it says that the file
     /// is corrupt, prints it and takes the store out of use.

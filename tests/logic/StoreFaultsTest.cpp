@@ -328,6 +328,41 @@ TEST_F(StoreFaultsTest, aReadOnlyFolderIsPrintedAndTheProgramCarriesOn)
     EXPECT_EQ(view().count<Snippet>(), 1);
 }
 
+TEST_F(StoreFaultsTest, aFileThatIsReadOnlyForAWhileIsWrittenAgainAfterwards)
+{
+    OrdinaryUser::give(folder.path());
+    for (const QString &path : {folderPath(), clipsFile(), snippetsFile()})
+        OrdinaryUser::give(path);
+    const OrdinaryUser user;
+    open();
+    // As "chmod -R" does: a log that is empty takes over what holds for its file.
+    const auto allow = [this](mode_t mode) {
+        for (const char *suffix : {"", "-wal", "-shm"}) {
+            const QByteArray path = QFile::encodeName(clipsFile()) + suffix;
+            EXPECT_EQ(::chmod(path.constData(), mode), 0);
+        }
+    };
+    const auto record = [this](const char *text) {
+        bool isSaved = false;
+        container().performBackgroundTask([text, &isSaved](ManagedObjectContext &context) {
+            context.insert<Clip>()->setContent(text);
+            isSaved = context.save().has_value();
+        });
+        container().waitForBackgroundTasks();
+        return isSaved;
+    };
+
+    allow(0400);
+    EXPECT_FALSE(record("lost"));
+    allow(0600);
+    EXPECT_TRUE(record("recorded"));
+
+    view().insert<Clip>()->setContent("from the menu");
+    EXPECT_TRUE(view().save());
+    EXPECT_EQ(answer(clipsFile(), "SELECT group_concat(content) FROM Clip"),
+              "clip,recorded,from the menu");
+}
+
 TEST_F(StoreFaultsTest, aReadOnlyFileShowsItsObjectsAndFailsTheSave)
 {
     OrdinaryUser::give(folder.path());
