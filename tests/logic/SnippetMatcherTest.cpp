@@ -44,6 +44,22 @@ TEST_F(SnippetMatcherTest, anEmptySearchMatchesEverything)
     EXPECT_FALSE(matcher.isSearching());
 }
 
+// Without what the comparison ignores it is the empty text, which every text contains.
+TEST_F(SnippetMatcherTest, aSearchForNothingButAccentsAndJoinersMatchesEverything)
+{
+    addSnippet(a, 1);
+    addSnippet(b, 2);
+    view().insert<Snippet>()->setOrder(3);
+    const Titles all{a, b, QString()};
+
+    for (const char16_t *text : {u"\u0301", u"\u200D", u"\u0301\u200D\uFE0F"}) {
+        EXPECT_EQ(found(QString::fromUtf16(text)), all);
+        EXPECT_TRUE(matcher.isSearching());
+    }
+    EXPECT_EQ(found(QStringLiteral("cafe\u0301")), Titles{a});
+    EXPECT_EQ(found(QStringLiteral("\u0301")), all);
+}
+
 TEST_F(SnippetMatcherTest, theTitleOrElseTheContentMatches)
 {
     addSnippet(a, 1, "first text");
