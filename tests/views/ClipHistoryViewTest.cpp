@@ -6,6 +6,9 @@
 #include "tests/views/MenuViewFixture.h"
 
 #include <QElapsedTimer>
+#include <QHelpEvent>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 
 using namespace optionWords;
 
@@ -359,4 +362,29 @@ TEST_F(ClipHistoryViewTest, theHelpOfARowIsItsContent)
     bench.addClip("first\n\tsecond");
     openHistory();
     EXPECT_EQ(clipRow(0).help(), QStringLiteral("first\n\tsecond"));
+}
+
+TEST_F(ClipHistoryViewTest, theHelpOfALongTextIsItsFirstFourThousandNinetySixBytes)
+{
+    bench.addClip(QByteArray(4096, 'x'));
+    bench.addClip(QByteArray(4097, 'y'));
+    bench.addClip(QByteArray("\u20ac").repeated(2000));
+    openHistory();
+    EXPECT_EQ(clipRow(0).help(), QString(4096, u'x'));
+    EXPECT_EQ(clipRow(1).help(), QString(4096, u'y') + u'\u2026');
+    // A euro sign has three bytes, and the last one is left out whole.
+    EXPECT_EQ(clipRow(2).help(), QString(1365, u'\u20ac') + u'\u2026');
+}
+
+TEST_F(ClipHistoryViewTest, theTooltipShowsAtMostFourThousandCharacters)
+{
+    bench.addClip(QByteArray(5000, 'x'));
+    openHistory();
+    moveOnto(clipRow(0));
+    const QPoint place = clipRow(0).rect().center();
+    QHelpEvent ask(QEvent::ToolTip, place, clipRow(0).mapToGlobal(place));
+    QApplication::sendEvent(&clipRow(0), &ask);
+    EXPECT_EQ(QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText(),
+              QString(4000, u'x') + u'\u2026');
+    QToolTip::hideText();
 }

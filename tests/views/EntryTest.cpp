@@ -17,6 +17,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPointer>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -27,6 +28,12 @@ using platform::KeyEvent;
 namespace {
 
 const std::vector<KeyEvent> kPasteChord{{9, true, 0x100000}, {9, false, 0}};
+
+/// Two polls and what a busy machine adds, in milliseconds.
+constexpr int kPolls = 2500;
+
+/// The window's frame, whose size is not known before it is shown, on both sides; in points.
+constexpr int kFrame = 8;
 
 class EntryTest : public ::testing::Test
 {
@@ -146,6 +153,32 @@ TEST_F(EntryTest, switchingTheHistoryOffCancelsTheMonitor)
     app->clipHistory.setValue(false);
 
     EXPECT_EQ(app->monitor, nullptr);
+}
+
+TEST_F(EntryTest, whatIsCopiedWhileTheHistoryIsOffIsNotRecordedAfterwards)
+{
+    skipSetup();
+    start();
+    ManagedObjectContext &context = app->persistenceController.container->viewContext();
+    const auto isNewest = [&context](const char *text) {
+        return QTest::qWaitFor(
+            [&] {
+                const auto clips = context.fetch<Clip>();
+                return !clips.empty() && clips.front()->content() == QByteArray(text);
+            },
+            kPolls);
+    };
+    fakes.pasteboard.copyElsewhere(QByteArray("before"));
+    ASSERT_TRUE(isNewest("before"));
+
+    app->clipHistory.setValue(false);
+    fakes.pasteboard.copyElsewhere(QByteArray("meanwhile"));
+    app->clipHistory.setValue(true);
+
+    EXPECT_FALSE(QTest::qWaitFor([&context] { return context.count<Clip>() > 1; }, kPolls));
+    fakes.pasteboard.copyElsewhere(QByteArray("after"));
+    EXPECT_TRUE(isNewest("after"));
+    EXPECT_EQ(context.count<Clip>(), 2);
 }
 
 TEST_F(EntryTest, thePasteShortcutShowsThePanelAtThePointerWithTheReducedMenu)
@@ -440,6 +473,41 @@ TEST_F(EntryTest, aSceneThatWasJustClosedOpensANewWindow)
     QWidget *opened = windowTitled(QStringLiteral("Quillery Settings"));
     ASSERT_NE(opened, nullptr);
     EXPECT_TRUE(opened->isVisible());
+}
+
+TEST_F(EntryTest, theFormIsAsLargeAsItsContentAndTheLibraryAsTheUserLikes)
+{
+    skipSetup();
+    start();
+
+    for (const QLatin1String scene : {SceneId::kAddSnippet, SceneId::kAddSnippetCopy}) {
+        app->openWindow(scene);
+        QWidget *form = windowTitled(QStringLiteral("Add Snippet"));
+        ASSERT_NE(form, nullptr);
+        EXPECT_EQ(form->size(), form->sizeHint());
+        EXPECT_EQ(form->minimumSize(), form->maximumSize());
+        delete form;
+    }
+    app->openWindow(SceneId::kLibrary);
+    QWidget *library = windowTitled(QStringLiteral("Quillery"));
+    ASSERT_NE(library, nullptr);
+    EXPECT_NE(library->minimumSize(), library->maximumSize());
+}
+
+TEST_F(EntryTest, theSetupAndTheFormComeUpInTheMiddleOfTheScreen)
+{
+    start();
+    app->addFromSelection();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [] { return windowTitled(QStringLiteral("Add Snippet")) != nullptr; }, 5000));
+
+    for (const char *title : {"Quillery Setup", "Add Snippet"}) {
+        const QWidget *window = windowTitled(QString::fromLatin1(title));
+        ASSERT_NE(window, nullptr) << title;
+        const QPoint middle = window->screen()->availableGeometry().center();
+        const QPoint off = window->geometry().center() - middle;
+        EXPECT_LE(off.manhattanLength(), kFrame) << title;
+    }
 }
 
 TEST_F(EntryTest, anUnknownSceneOpensNothing)
