@@ -2,6 +2,7 @@
 #include "Quillery_Mac/ui/PanelWindow.h"
 
 #include "Quillery_Mac/ui/Popover.h"
+#include "Quillery_Mac/ui/Tokens.h"
 #include "Quillery_Mac/ui/VisualEffect.h"
 
 #include <QEvent>
@@ -75,12 +76,23 @@ void PanelWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     layOut();
+    if (isVisible())
+        blurBehind();
 }
 
 void PanelWindow::showEvent(QShowEvent *event)
 {
     m_ground->setComposited(m_windows.isComposited());
+    m_isBlurred = m_windows.canBlur();
+    m_ground->setBlurred(m_isBlurred);
+    blurBehind();
     QWidget::showEvent(event);
+}
+
+void PanelWindow::blurBehind()
+{
+    if (m_isBlurred)
+        m_windows.blurBehind(*this, tokens::kWindowRadius);
 }
 
 void PanelWindow::layOut()

@@ -47,10 +47,12 @@ protected:
 
 private:
     void layOut();
+    void blurBehind();
 
     platform::MenuWindows &m_windows;
     VisualEffect *m_ground;
     QPointer<QWidget> m_content;
     Popover *m_popover = nullptr;
     int m_margin = 0;
+    bool m_isBlurred = false; ///< what is behind; known once the window is shown
 };

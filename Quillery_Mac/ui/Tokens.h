@@ -44,6 +44,9 @@ inline constexpr int kFocusRing = 2;
 inline constexpr int kFocusRingClearance = 1;
 
 inline constexpr qreal kWindowRadius = 10;
+/// How opaque the menu's ground is where what is behind it is blurred. Quiet text, which has a
+/// contrast of 4.5 on the plain ground, keeps 3 over black and over white.
+inline constexpr float kBlurredGround = 0.9F;
 inline constexpr qreal kHighlightRadius = 6;
 inline constexpr qreal kTintedButtonRadius = 5;
 

@@ -23,13 +23,29 @@ void VisualEffect::setComposited(bool composited)
     update();
 }
 
+void VisualEffect::setBlurred(bool blurred)
+{
+    if (m_isBlurred == blurred)
+        return;
+    m_isBlurred = blurred;
+    update();
+}
+
+QColor VisualEffect::ground() const
+{
+    QColor color = paletteColors::window(palette());
+    if (m_isBlurred && !paletteColors::isHighContrast(palette()))
+        color.setAlphaF(tokens::kBlurredGround);
+    return color;
+}
+
 void VisualEffect::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const qreal radius = m_isComposited ? tokens::kWindowRadius : 0;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(paletteColors::window(palette()));
+    painter.setBrush(ground());
     painter.drawRoundedRect(rect(), radius, radius);
     drawing::strokeInside(painter, rect(), radius, paletteColors::lineWidth(palette()),
                           paletteColors::windowEdge(palette()));

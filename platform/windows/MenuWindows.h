@@ -48,6 +48,19 @@ public:
     /// Whether a compositor runs, so that parts of a window may be see-through.
     virtual bool isComposited() const { return false; }
 
+    /// Whether a compositor runs that blurs what is behind a window where blurBehind() asks for it.
+    /// Nothing else makes text readable on a ground that is see-through.
+    virtual bool canBlur() const { return false; }
+
+    /// Has the compositor blur what is behind a window of the group as it is now; again whenever
+    /// its size changes. Only while canBlur().
+    /// @param radius of the window's corners, in points
+    virtual void blurBehind(QWidget &window, qreal radius)
+    {
+        Q_UNUSED(window)
+        Q_UNUSED(radius)
+    }
+
     /// True from present() until resigned().
     virtual bool isKey() const = 0;
 

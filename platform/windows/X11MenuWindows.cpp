@@ -2,6 +2,7 @@
 #include "platform/windows/X11MenuWindows.h"
 
 #include "platform/log/Log.h"
+#include "platform/windows/BlurBehind.h"
 #include "platform/windows/FocuslessWindows.h"
 #include "platform/x11/X11Connection.h"
 
@@ -154,6 +155,19 @@ bool X11MenuWindows::isComposited() const
         m_connection->reply(xcb_get_selection_owner_reply,
                             xcb_get_selection_owner(m_connection->xcb(), m_connection->atom(name)));
     return owner != nullptr && owner->owner != XCB_WINDOW_NONE;
+}
+
+bool X11MenuWindows::canBlur() const
+{
+    return isComposited() && canBlurBehind(*m_connection);
+}
+
+void X11MenuWindows::blurBehind(QWidget &window, qreal radius)
+{
+    const auto id = static_cast<quint32>(window.winId());
+    X11Connection::syncToolkit();
+    const qreal ratio = window.devicePixelRatio();
+    platform::blurBehind(*m_connection, id, QSizeF(window.size()) * ratio, radius * ratio);
 }
 
 bool X11MenuWindows::isInGroup(quint32 window) const

@@ -54,6 +54,8 @@ public:
     bool isKey() const override;
     bool eventFilter(QObject *receiver, QEvent *event) override;
     bool isComposited() const override;
+    bool canBlur() const override;
+    void blurBehind(QWidget &window, qreal radius) override;
 
 private:
     explicit X11MenuWindows(std::unique_ptr<X11Connection> connection);

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include <map>
 #include <vector>
 
 /// Menu windows without a desktop: they show and hide, and a test says when the keyboard leaves.
@@ -59,6 +60,8 @@ public:
     }
 
     bool isComposited() const override { return composited; }
+    bool canBlur() const override { return blurs; }
+    void blurBehind(QWidget &window, qreal) override { blurredSizes[&window] = window.size(); }
     bool isKey() const override { return m_isKey; }
 
     /// What a click elsewhere does: the windows stay shown, the keyboard is gone.
@@ -73,6 +76,8 @@ public:
     QList<QWidget *> popovers;         ///< those shown now
     QWidget *keyboardWindow = nullptr; ///< the one that has the keyboard now
     bool composited = false;
+    bool blurs = false;
+    std::map<QWidget *, QSize> blurredSizes; ///< of each window when it last asked for it
     int presentCount = 0;
     int dismissCount = 0;
 

@@ -259,6 +259,38 @@ TEST_F(MenuColors, cornersAreRoundOnlyWithACompositor)
     EXPECT_EQ(bench.panel.grab().toImage().pixelColor(0, 0).alpha(), 0);
 }
 
+TEST_F(MenuColors, theGroundIsSeeThroughOnlyWhereWhatIsBehindIsBlurred)
+{
+    const auto groundAlpha = [](QWidget &window) {
+        const QImage image = window.grab().toImage();
+        return image.pixelColor(QPoint(window.width() / 2, 2) * image.devicePixelRatio()).alpha();
+    };
+    bench.windows.composited = true;
+    bench.show();
+    EXPECT_EQ(groundAlpha(bench.panel), 255);
+    EXPECT_TRUE(bench.windows.blurredSizes.empty());
+    bench.panel.hide();
+
+    bench.windows.blurs = true;
+    bench.addSnippet(QStringLiteral("a"));
+    bench.show();
+    press(Qt::Key_A);
+    Popover &popover = bench.panel.popover();
+    EXPECT_LT(groundAlpha(bench.panel), 255);
+    EXPECT_LT(groundAlpha(popover), 255);
+    const int before = popover.height();
+    for (int i = 0; i < 10; ++i)
+        bench.addSnippet(QStringLiteral("a"));
+    EXPECT_TRUE(eventually([&] { return popover.height() > before; }));
+    EXPECT_EQ(bench.windows.blurredSizes[&bench.panel], bench.panel.size());
+    EXPECT_EQ(bench.windows.blurredSizes[&popover], popover.size());
+    bench.panel.hide();
+
+    QApplication::setPalette(palette(Qt::black, Qt::white));
+    bench.show();
+    EXPECT_TRUE(eventually([&] { return groundAlpha(bench.panel) == 255; }));
+}
+
 TEST(WindowNotification, tellsTheObserversOfTheWindowAndThoseOfAny)
 {
     QWidget first;
