@@ -8,12 +8,15 @@
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
+#include <QAccessible>
 #include <QDrag>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QPointer>
+
+#include <algorithm>
 
 namespace {
 
@@ -25,6 +28,12 @@ constexpr std::chrono::milliseconds kAutoScroll{30};
 constexpr int kAutoScrollZone = 20;
 constexpr int kAutoScrollStep = 8;
 
+// The row itself, or its folder's: members follow their folder.
+const ShownRow &topOf(const ShownRow &row)
+{
+    return row.folder == nullptr ? row : *(&row - 1 - row.index);
+}
+
 } // namespace
 
 LibraryList::LibraryList(LibraryState &state, QWidget *parent)
@@ -35,6 +44,8 @@ LibraryList::LibraryList(LibraryState &state, QWidget *parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setAcceptDrops(true);
+    setAccessibleName(tr("Snippets"));
+    m_column.setOutline(*this);
     m_column.setAccessibleName(tr("Snippets"));
     m_column.setRowHeight(rowHeight());
     m_autoScroll.setInterval(kAutoScroll);
@@ -193,6 +204,8 @@ void LibraryList::focusInEvent(QFocusEvent *event)
                          reason == Qt::ShortcutFocusReason;
     update();
     QWidget::focusInEvent(event);
+    // After the news that the list itself has the focus, which follows this event.
+    QMetaObject::invokeMethod(this, &LibraryList::tellFocus, Qt::QueuedConnection);
 }
 
 void LibraryList::focusOutEvent(QFocusEvent *event)
@@ -289,6 +302,55 @@ void LibraryList::unbindRow(QWidget &widget)
     static_cast<LibraryRowView &>(widget).setRow({});
 }
 
+// The top level is not counted anywhere, but every row knows its place in it.
+int LibraryList::childCount(int row) const
+{
+    if (row == kColumn)
+        return rowCount() == 0 ? 0 : topOf(m_state.rows().back()).index + 1;
+    const LibraryRow &folder = *rowOf(row).row;
+    return folder.expanded ? static_cast<int>(folder.children.size()) : 0;
+}
+
+int LibraryList::childRow(int row, int index) const
+{
+    if (row != kColumn)
+        return row + 1 + index;
+    const std::vector<ShownRow> &rows = m_state.rows();
+    const auto found =
+        std::lower_bound(rows.begin(), rows.end(), index, [](const ShownRow &shown, int wanted) {
+            return topOf(shown).index < wanted;
+        });
+    return static_cast<int>(found - rows.begin());
+}
+
+int LibraryList::parentRow(int row) const
+{
+    const ShownRow &shown = rowOf(row);
+    return shown.folder == nullptr ? kColumn : row - 1 - shown.index;
+}
+
+int LibraryList::indexInParent(int row) const
+{
+    return rowOf(row).index;
+}
+
+RowOutline::Facts LibraryList::facts(int row) const
+{
+    const ShownRow &shown = rowOf(row);
+    return {libraryRowText(*shown.row).text, isSelected(shown), shown.row->isFolder,
+            shown.row->isFolder && shown.row->expanded};
+}
+
+void LibraryList::selectRow(int row)
+{
+    choose(rowOf(row));
+}
+
+void LibraryList::toggleRow(int row)
+{
+    toggle(rowOf(row));
+}
+
 void LibraryList::rowsAreOthers()
 {
     const QString text = m_state.searchText.value();
@@ -302,6 +364,18 @@ void LibraryList::selectionChanged()
         static_cast<LibraryRowView *>(widget)->refreshHighlight();
     if (const auto row = m_state.selectedRow())
         m_column.ensureVisible(*row);
+    tellFocus();
+}
+
+// To a screen reader the selected row has the focus while the list has it.
+void LibraryList::tellFocus()
+{
+    const std::optional<int> row = hasFocus() ? m_state.selectedRow() : std::nullopt;
+    QWidget *widget = row ? m_column.rowWidget(*row) : nullptr;
+    if (widget == nullptr)
+        return;
+    QAccessibleEvent event(widget, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
 }
 
 bool LibraryList::isOwnDrag(const QDropEvent &event) const

@@ -4,6 +4,7 @@
 #include "Quillery_Mac/editor/LibraryState.h"
 #include "Quillery_Mac/ui/LazyColumn.h"
 #include "Quillery_Mac/ui/PointerMotion.h"
+#include "Quillery_Mac/ui/RowOutline.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -14,7 +15,7 @@ class QMimeData;
 
 /// The list of folders and snippets at the side of the library window: shows the rows of the state,
 /// selects by mouse and keys, and is where rows are dragged from and dropped. Main thread only.
-class LibraryList : public QWidget, private LazyColumnRows
+class LibraryList : public QWidget, private LazyColumnRows, private RowOutline
 {
     Q_OBJECT
 
@@ -74,8 +75,18 @@ private:
     void bindRow(QWidget &widget, int row) override;
     void unbindRow(QWidget &widget) override;
 
+    int childCount(int row) const override;
+    int childRow(int row, int index) const override;
+    int parentRow(int row) const override;
+    int indexInParent(int row) const override;
+    Facts facts(int row) const override;
+    bool hasKeyboard() const override { return hasFocus(); }
+    void selectRow(int row) override;
+    void toggleRow(int row) override;
+
     void rowsAreOthers();
     void selectionChanged();
+    void tellFocus();
     bool isOwnDrag(const QDropEvent &event) const;
     bool isText(const QMimeData &mime) const;
     void target(const DropPlace &place);

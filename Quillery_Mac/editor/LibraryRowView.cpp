@@ -2,7 +2,6 @@
 #include "Quillery_Mac/editor/LibraryRowView.h"
 
 #include "Quillery_Mac/editor/LibraryList.h"
-#include "Quillery_Mac/store/Snippet.h"
 #include "Quillery_Mac/ui/Drawing.h"
 #include "Quillery_Mac/ui/RowAccessible.h"
 #include "Quillery_Mac/ui/SystemImage.h"
@@ -16,15 +15,6 @@ namespace {
 
 constexpr qreal kDraggedOpacity = 0.7;
 
-RowText textOf(const LibraryRow &row)
-{
-    if (row.item == nullptr)
-        return {row.goneTitle, true, {}};
-    const QString title = row.item->title().value_or(QString());
-    const bool hasTitle = !oneLine(title).isEmpty();
-    return titleRowText(title, hasTitle ? TextPreview() : row.item->preview());
-}
-
 } // namespace
 
 LibraryRowView::LibraryRowView(LibraryList &list, PointerMotion &motion, QWidget *parent)
@@ -35,14 +25,18 @@ LibraryRowView::LibraryRowView(LibraryList &list, PointerMotion &motion, QWidget
 
 void LibraryRowView::setRow(const ShownRow &row)
 {
+    const RowText text = row.row != nullptr ? libraryRowText(*row.row) : RowText();
+    const bool isRenamed = m_row.row != nullptr && row.row != nullptr && text.text != m_text.text;
     m_row = row;
-    m_text = row.row != nullptr ? textOf(*row.row) : RowText();
+    m_text = text;
     m_isFolder = row.row != nullptr && row.row->isFolder;
     const bool isExpanded = row.row != nullptr && row.row->expanded;
     if (isExpanded != m_isExpanded) {
         m_isExpanded = isExpanded;
         notifyRowStateChanged(*this);
     }
+    if (isRenamed)
+        notifyRowNameChanged(*this);
     refreshHighlight();
     update();
 }

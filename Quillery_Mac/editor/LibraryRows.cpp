@@ -2,7 +2,6 @@
 #include "Quillery_Mac/editor/LibraryRows.h"
 
 #include "Quillery_Mac/store/Snippet.h"
-#include "Quillery_Mac/ui/RowText.h"
 
 #include <optional>
 #include <utility>
@@ -72,14 +71,25 @@ std::vector<ShownRow> shownRows(const std::vector<LibraryRow> &rows)
 {
     std::vector<ShownRow> shown;
     shown.reserve(rows.size());
+    int index = 0;
     for (const LibraryRow &row : rows) {
-        shown.push_back({&row, nullptr});
+        shown.push_back({&row, nullptr, index++});
         if (!row.expanded)
             continue;
+        int member = 0;
         for (const LibraryRow &child : row.children)
-            shown.push_back({&child, &row});
+            shown.push_back({&child, &row, member++});
     }
     return shown;
+}
+
+RowText libraryRowText(const LibraryRow &row)
+{
+    if (row.item == nullptr)
+        return {row.goneTitle, true, {}};
+    const QString title = row.item->title().value_or(QString());
+    const bool hasTitle = !oneLine(title).isEmpty();
+    return titleRowText(title, hasTitle ? TextPreview() : row.item->preview());
 }
 
 void forgetDeleted(std::vector<LibraryRow> &rows, const std::unordered_set<const Snippet *> &gone)

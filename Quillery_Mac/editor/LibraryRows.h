@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillery_Mac/ui/RowText.h"
+
 #include <QString>
 
 #include <functional>
@@ -26,6 +28,7 @@ struct ShownRow
 {
     const LibraryRow *row = nullptr;
     const LibraryRow *folder = nullptr; ///< whose member the row is; null at the top level
+    int index = 0; ///< among the folder's members, or among the rows of the top level, from 0
 };
 
 /// Builds the rows of `items`, which are in order: a folder owns what follows it up to the next
@@ -38,6 +41,9 @@ std::vector<LibraryRow> libraryRows(const std::vector<Snippet *> &items, bool is
 
 /// The rows from top to bottom, members of collapsed folders left out. Points into `rows`.
 std::vector<ShownRow> shownRows(const std::vector<LibraryRow> &rows);
+
+/// What stands in the row.
+RowText libraryRowText(const LibraryRow &row);
 
 /// Turns the rows of `gone` into rows without an object, which go on to show what they showed.
 void forgetDeleted(std::vector<LibraryRow> &rows, const std::unordered_set<const Snippet *> &gone);

@@ -4,6 +4,7 @@
 #include "Quillery_Mac/ui/Motion.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/RowAccessible.h"
+#include "Quillery_Mac/ui/RowOutline.h"
 #include "Quillery_Mac/ui/ThinScrollBar.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
@@ -112,6 +113,14 @@ QWidget *LazyColumn::rowWidget(int row) const
 {
     const auto found = m_shown.find(row);
     return found != m_shown.end() ? found->second : nullptr;
+}
+
+int LazyColumn::rowOf(const QWidget &widget) const
+{
+    const auto found = std::find_if(m_shown.begin(), m_shown.end(), [&widget](const auto &shown) {
+        return shown.second == &widget;
+    });
+    return found != m_shown.end() ? found->first : RowOutline::kNone;
 }
 
 int LazyColumn::contentHeight() const

@@ -7,6 +7,7 @@
 #include <map>
 #include <vector>
 
+class RowOutline;
 class ThinScrollBar;
 
 /// What a LazyColumn shows. Rows are numbered from 0; a kind is a sort of row widget, so that a
@@ -38,6 +39,11 @@ public:
 
     /// In points; the same for every row.
     void setRowHeight(int height);
+    /// Tells screen readers of all rows, in view or not, each below its folder; set before
+    /// anything else. The outline outlives the column.
+    void setOutline(RowOutline &outline) { m_outline = &outline; }
+    /// Null without one.
+    RowOutline *outline() const { return m_outline; }
     /// What is drawn where the rows would be, while there are none.
     void setEmptyText(const QString &text);
 
@@ -58,7 +64,10 @@ public:
     void scrollBy(int points);
     /// The widget that shows `row` now; null when it is not in view.
     QWidget *rowWidget(int row) const;
+    /// The row that the widget shows now; RowOutline::kNone when it shows none.
+    int rowOf(const QWidget &widget) const;
 
+    int rowCount() const { return m_rows.rowCount(); }
     /// The height of all rows together, in points.
     int contentHeight() const;
     int rowHeight() const { return m_rowHeight; }
@@ -85,6 +94,7 @@ private:
     void mask(QWidget &widget, int row) const;
 
     LazyColumnRows &m_rows;
+    RowOutline *m_outline = nullptr;
     QWidget *m_viewport;
     ThinScrollBar *m_bar;
     std::map<int, QWidget *> m_shown;               ///< by row

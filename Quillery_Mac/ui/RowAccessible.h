@@ -11,3 +11,6 @@ void installRowAccessibility();
 
 /// A row's highlight or its open state changed.
 void notifyRowStateChanged(Row &row);
+
+/// A row that was shown has another name now.
+void notifyRowNameChanged(Row &row);

@@ -22,8 +22,58 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 
 namespace {
+
+/// Hears what screen readers are told, while it lives. One at a time.
+class AccessibleEvents
+{
+public:
+    AccessibleEvents()
+    {
+        heardOf().clear();
+        setActive(true);
+        QAccessible::installUpdateHandler([](QAccessibleEvent *event) {
+            heardOf().emplace_back(event->type(), event->object());
+        });
+    }
+    ~AccessibleEvents()
+    {
+        QAccessible::installUpdateHandler(nullptr);
+        setActive(false);
+    }
+    Q_DISABLE_COPY_MOVE(AccessibleEvents)
+
+    bool heard(QAccessible::Event type, const QObject &object) const
+    {
+        const auto &all = heardOf();
+        return std::find(all.begin(), all.end(), std::pair(type, &object)) != all.end();
+    }
+    /// Whether the last of its type was of that object.
+    bool isLast(QAccessible::Event type, const QObject &object) const
+    {
+        const auto &all = heardOf();
+        const auto last = std::find_if(all.rbegin(), all.rend(),
+                                       [type](const auto &one) { return one.first == type; });
+        return last != all.rend() && last->second == &object;
+    }
+
+private:
+    // As a screen reader does that starts. The display of these tests has none.
+    static void setActive(bool active)
+    {
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(active);
+    }
+    // The handler is a plain function.
+    static std::vector<std::pair<QAccessible::Event, const QObject *>> &heardOf()
+    {
+        static std::vector<std::pair<QAccessible::Event, const QObject *>> events;
+        return events;
+    }
+};
 
 class LibraryViewTest : public LibraryFixture
 {
@@ -128,6 +178,23 @@ protected:
         auto mime = std::make_unique<QMimeData>();
         mime->setData(QStringLiteral("application/x-quillery-row"), QByteArray());
         return mime;
+    }
+
+    QAccessibleInterface &list()
+    {
+        return *QAccessible::queryAccessibleInterface(&window->list().column());
+    }
+    /// The names of what is below, as a screen reader goes through it; members indented.
+    static Names outline(const QAccessibleInterface &above, const std::string &indent = {})
+    {
+        Names names;
+        for (int i = 0; i < above.childCount(); ++i) {
+            const QAccessibleInterface &row = *above.child(i);
+            names.push_back(indent + row.text(QAccessible::Name).toStdString());
+            for (const std::string &name : outline(row, indent + "  "))
+                names.push_back(name);
+        }
+        return names;
     }
 
     FakePasteboard pasteboard;
@@ -478,6 +545,122 @@ TEST_F(LibraryViewTest, rowsAreKnownToScreenReaders)
     EXPECT_TRUE(row->state().selected);
     state().setExpanded(office, true);
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(&rowView("Office"))->state().expanded);
+}
+
+TEST_F(LibraryViewTest, screenReadersKnowAFoldersRowsAsItsChildren)
+{
+    snippet("a");
+    Snippet &office = folder("Office");
+    snippet("b");
+    snippet("c");
+    folder("Empty");
+    show();
+
+    EXPECT_EQ(list().role(), QAccessible::List);
+    EXPECT_EQ(list().text(QAccessible::Name), QStringLiteral("Snippets"));
+    EXPECT_EQ(outline(list()), (Names{"a", "Office", "  b", "  c", "Empty"}));
+    QAccessibleInterface *row = QAccessible::queryAccessibleInterface(&rowView("c"));
+    EXPECT_EQ(row->parent()->text(QAccessible::Name), QStringLiteral("Office"));
+    EXPECT_EQ(row->parent()->indexOfChild(row), 1);
+    EXPECT_EQ(row->parent()->parent(), &list());
+    EXPECT_EQ(list().indexOfChild(row->parent()), 1);
+    EXPECT_EQ(list().indexOfChild(row), -1);
+
+    state().setExpanded(office, false);
+    EXPECT_EQ(outline(list()), (Names{"a", "Office", "Empty"}));
+}
+
+TEST_F(LibraryViewTest, screenReadersKnowTheRowsOutOfViewToo)
+{
+    folder("Office");
+    for (int i = 0; i < 40; ++i)
+        snippet(std::to_string(i).c_str());
+    folder("Last", false);
+    show();
+    ASSERT_LT(window->list().column().rowsInView().size(), 40U);
+
+    QAccessibleInterface *office = list().child(0);
+    ASSERT_EQ(list().childCount(), 2);
+    ASSERT_EQ(office->childCount(), 40);
+    QAccessibleInterface *hidden = office->child(39);
+    EXPECT_EQ(hidden->text(QAccessible::Name), QStringLiteral("39"));
+    EXPECT_EQ(hidden->role(), QAccessible::ListItem);
+    EXPECT_TRUE(hidden->state().offscreen);
+    EXPECT_FALSE(office->state().offscreen);
+    EXPECT_EQ(hidden->parent(), office);
+    EXPECT_EQ(office->indexOfChild(hidden), 39);
+    EXPECT_EQ(office->child(39), hidden);
+    EXPECT_TRUE(list().child(1)->state().collapsed);
+
+    hidden->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+
+    EXPECT_EQ(selection(), "39");
+    EXPECT_FALSE(hidden->state().offscreen);
+    EXPECT_TRUE(hidden->state().selected);
+    EXPECT_EQ(list().child(0)->indexOfChild(QAccessible::queryAccessibleInterface(&rowView("39"))),
+              39);
+    EXPECT_TRUE(list().child(0)->state().offscreen);
+}
+
+TEST_F(LibraryViewTest, aRowOutOfViewIsNoRowAnyMoreWhenThereAreFewer)
+{
+    Snippet &office = folder("Office");
+    for (int i = 0; i < 40; ++i)
+        snippet(std::to_string(i).c_str());
+    show();
+    QAccessibleInterface *hidden = list().child(0)->child(39);
+
+    state().setExpanded(office, false);
+
+    EXPECT_FALSE(hidden->isValid());
+    EXPECT_EQ(hidden->text(QAccessible::Name), QString());
+    EXPECT_EQ(hidden->childCount(), 0);
+    EXPECT_TRUE(hidden->state().invalid);
+}
+
+TEST_F(LibraryViewTest, screenReadersOpenAndCloseFolders)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a");
+    show();
+    QAccessibleActionInterface *actions = list().child(0)->actionInterface();
+    ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+
+    EXPECT_TRUE(office.expanded());
+    EXPECT_EQ(outline(list()), (Names{"Office", "  a"}));
+    QAccessibleActionInterface *ofSnippet = list().child(0)->child(0)->actionInterface();
+    EXPECT_FALSE(ofSnippet->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+}
+
+TEST_F(LibraryViewTest, screenReadersHearOfANewTitleOfARow)
+{
+    Snippet &a = snippet("a");
+    show();
+    const AccessibleEvents events;
+
+    a.setTitle(QStringLiteral("renamed"));
+    QCoreApplication::processEvents();
+
+    EXPECT_TRUE(events.heard(QAccessible::NameChanged, rowView("renamed")));
+}
+
+TEST_F(LibraryViewTest, toScreenReadersTheSelectedRowHasTheFocusOfTheList)
+{
+    snippet("a");
+    show();
+    click("a");
+    QAccessibleInterface *row = QAccessible::queryAccessibleInterface(&rowView("a"));
+    EXPECT_FALSE(row->state().focused);
+    const AccessibleEvents events;
+
+    press(Qt::Key_F6);
+    QCoreApplication::processEvents();
+
+    EXPECT_TRUE(row->state().focused);
+    EXPECT_EQ(list().focusChild(), row);
+    EXPECT_TRUE(events.isLast(QAccessible::Focus, rowView("a")));
 }
 
 TEST_F(LibraryViewTest, everythingInTheToolbarIsInTheMenusToo)

@@ -409,3 +409,18 @@ def test_every_control_has_a_name_and_every_row_its_states(library, user):
     user.desktop.key("Delete")
     wait_until(lambda: not user.desktop.accessibility.controls(APPLICATION, "Delete", "push button"),
                START_BOUND, "nothing to delete")
+
+
+def test_rows_out_of_view_are_known_too_and_tell_their_folder(desktop, new_user):
+    many = [str(number) for number in range(60)]
+    with new_user(desktop, snippets=[("Box", None), *[(name, "text") for name in many]]) as user:
+        library = Library(user).open()
+        if "0" not in library.rows():
+            library.toggle("Box")
+        wait_until(lambda: "0" in library.rows(), START_BOUND, "the folder is open")
+
+        known = user.desktop.accessibility.controls(APPLICATION, role="list item", showing=False)
+        assert [row.name for row in known] == ["Box", *many]
+        assert 5 < len(library.rows()) < 40
+        assert {row.parent for row in known[1:]} == {"Box"}
+        assert known[0].parent == "Snippets"

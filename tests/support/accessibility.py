@@ -16,6 +16,7 @@ class Control:
         self.name = seen["name"]
         self.role = seen["role"]
         self.states = seen["states"]
+        self.parent = seen["parent"]  # its name
         self.x, self.y, self.width, self.height = seen.get("box", (0, 0, 0, 0))
 
     @property

@@ -46,10 +46,12 @@ def nodes(request):
 
 
 def description(node):
+    parent = node.get_parent()
     states = node.get_state_set()
     result = {
         "name": node.get_name(),
         "role": node.get_role_name(),
+        "parent": parent.get_name() if parent is not None else "",
         "states": [name.lower() for name in STATES if states.contains(getattr(Atspi.StateType, name))],
     }
     component = node.get_component_iface()
