@@ -2,13 +2,14 @@
 #include "Quillery_Mac/editor/AddSnippet.h"
 
 #include "Quillery_Mac/editor/ExactTextEdit.h"
+#include "Quillery_Mac/editor/FormAccessible.h"
 #include "Quillery_Mac/editor/LineField.h"
 #include "Quillery_Mac/editor/SnippetOrder.h"
 #include "Quillery_Mac/editor/TextFrame.h"
 #include "Quillery_Mac/ui/RowText.h"
 #include "platform/pasteboard/Pasteboard.h"
 
-#include <QComboBox>
+#include <QAccessible>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -61,9 +62,10 @@ AddSnippet::AddSnippet(ManagedObjectContext &managedContext, platform::Pasteboar
     , m_title(new LineField(this))
     , m_frame(new TextFrame(TextFrame::Edge::Control, this))
     , m_text(&m_frame->field())
-    , m_folder(new QComboBox(this))
+    , m_folder(new Picker(this))
     , m_newFolder(new LineField(this))
 {
+    installFormAccessibility();
     build();
     fillPicker();
     bind();
@@ -151,6 +153,10 @@ void AddSnippet::bind()
     });
     connect(m_folder, &QComboBox::activated, this, [this](int index) {
         selectedFolder = static_cast<qint16>(m_folder->itemData(index).toInt());
+    });
+    connect(m_folder, &QComboBox::currentTextChanged, this, [this] {
+        QAccessibleEvent event(m_folder, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&event);
     });
     const auto show = [](LineField &field, const QString &now) {
         if (field.text() != now)

@@ -15,7 +15,7 @@
 
 class ExactTextEdit;
 class LineField;
-class QComboBox;
+class Picker;
 class QGridLayout;
 class QLabel;
 class TextFrame;
@@ -95,7 +95,7 @@ private:
     LineField *m_title;
     TextFrame *m_frame;
     ExactTextEdit *m_text;
-    QComboBox *m_folder;
+    Picker *m_folder;
     LineField *m_newFolder;
     std::vector<Entry> m_entries; ///< what the picker offers
     FocusState<Field> m_focus{focusedField};

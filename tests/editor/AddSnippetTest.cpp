@@ -6,6 +6,7 @@
 #include "tests/fakes/FakePasteboard.h"
 #include "tests/logic/StoreTestSupport.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -111,6 +112,39 @@ TEST_F(AddSnippetTest, aFreshFormIsEmptyWithTheCursorInTheTitle)
     EXPECT_TRUE(line("Title").hasFocus());
     EXPECT_EQ(form->focusedField.value(), AddSnippet::Field::title);
     EXPECT_EQ(form->width(), 420);
+}
+
+TEST_F(AddSnippetTest, screenReadersKnowTheFormAsADialog)
+{
+    show();
+    form->setWindowTitle(QStringLiteral("Add Snippet"));
+
+    const QAccessibleInterface *dialog = QAccessible::queryAccessibleInterface(form.get());
+
+    EXPECT_EQ(dialog->role(), QAccessible::Dialog);
+    EXPECT_EQ(dialog->text(QAccessible::Name), QStringLiteral("Add Snippet"));
+}
+
+TEST_F(AddSnippetTest, screenReadersKnowThePickerByItsNameWithTheChoiceAsItsValue)
+{
+    addItem("Office", 7, true);
+    show();
+    QAccessibleInterface *known = QAccessible::queryAccessibleInterface(&picker());
+
+    EXPECT_EQ(known->role(), QAccessible::ComboBox);
+    EXPECT_EQ(known->text(QAccessible::Name), QStringLiteral("Folder"));
+    EXPECT_EQ(known->text(QAccessible::Value), QStringLiteral("None"));
+    choose("Office");
+    EXPECT_EQ(known->text(QAccessible::Name), QStringLiteral("Folder"));
+    EXPECT_EQ(known->text(QAccessible::Value), QStringLiteral("Office"));
+    EXPECT_EQ(known->text(QAccessible::Description), QStringLiteral("Office"));
+
+    EXPECT_TRUE(known->state().collapsed);
+    known->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(known->state().expanded);
+    EXPECT_EQ(known->child(0)->role(), QAccessible::List);
+    known->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(known->state().collapsed);
 }
 
 TEST_F(AddSnippetTest, thePickerOffersTheFoldersInOrder)

@@ -177,7 +177,9 @@ def test_every_control_of_the_form_has_a_name(desktop, new_user):
 
         controls = desktop.accessibility.controls(APPLICATION)
         nameless = [one for one in controls if not one.name and one.role in
-                    ("text", "push button", "combo box", "list item", "label", "frame")]
+                    ("text", "push button", "combo box", "list item", "label", "frame", "dialog")]
         assert nameless == []
         assert {"Title", "Content"} <= {one.name for one in controls if one.role == "text"}
         assert ["Cancel", TITLE] == [one.name for one in controls if one.role == "push button"]
+        assert ["Folder"] == [one.name for one in controls if one.role == "combo box"]
+        assert [TITLE] == [one.name for one in controls if one.role == "dialog"]
