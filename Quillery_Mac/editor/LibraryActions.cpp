@@ -49,6 +49,7 @@ LibraryActions::LibraryActions(ContentViewMac &window, const EditorLinks &links,
     , m_addFolder(make(tr("Add Folder"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N),
                        [&state] { state.addFolder(); }))
     , m_delete(make(tr("Delete"), QKeySequence::Delete, [&state] { state.deleteSelected(); }))
+    , m_toggle(make({}, {}, [&window] { window.list().toggleSelected(); }))
     , m_moveUp(make(tr("Move Up"), QKeySequence(Qt::ALT | Qt::Key_Up),
                     [&state] { state.moveSelected(Strip::Above); }))
     , m_moveDown(make(tr("Move Down"), QKeySequence(Qt::ALT | Qt::Key_Down),
@@ -56,6 +57,7 @@ LibraryActions::LibraryActions(ContentViewMac &window, const EditorLinks &links,
 {
     takeColors();
     m_observers.push_back(state.selectedItem.addNotifier([this] { followSelection(); }));
+    connect(&state, &LibraryState::rowsChanged, this, &LibraryActions::followFolder);
     followSelection();
 }
 
@@ -73,7 +75,7 @@ void LibraryActions::popUp(const QPoint &globalPosition)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions({m_addSnippet, m_addFolder});
     menu->addSeparator();
-    menu->addActions({m_moveUp, m_moveDown});
+    menu->addActions({m_toggle, m_moveUp, m_moveDown});
     menu->addSeparator();
     menu->addAction(m_delete);
     menu->popup(globalPosition);
@@ -142,7 +144,7 @@ void LibraryActions::fillItem(QMenu &menu)
     menu.addAction(make(tr("&Next"), QKeySequence(Qt::CTRL | Qt::Key_PageDown),
                         [this] { m_window.list().chooseNext(1); }));
     menu.addSeparator();
-    menu.addActions({m_moveUp, m_moveDown});
+    menu.addActions({m_toggle, m_moveUp, m_moveDown});
     menu.addSeparator();
     menu.addAction(m_delete);
 }
@@ -170,4 +172,14 @@ void LibraryActions::followSelection()
     m_delete->setVisible(isSelected);
     m_moveUp->setEnabled(isSelected);
     m_moveDown->setEnabled(isSelected);
+    followFolder();
+}
+
+void LibraryActions::followFolder()
+{
+    const std::optional<int> row = m_state.selectedRow();
+    const LibraryRow *selected = row ? m_state.rows()[static_cast<std::size_t>(*row)].row : nullptr;
+    const bool isFolder = selected != nullptr && selected->isFolder;
+    m_toggle->setEnabled(isFolder);
+    m_toggle->setText(isFolder && selected->expanded ? tr("Close Folder") : tr("Open Folder"));
 }

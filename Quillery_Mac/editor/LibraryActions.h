@@ -46,7 +46,7 @@ private:
     void fillItem(QMenu &menu);
     void fillView(QMenu &menu);
     void followSelection();
-    void chooseNext(int step);
+    void followFolder();
 
     ContentViewMac &m_window;
     const EditorLinks &m_links;
@@ -55,6 +55,7 @@ private:
     QAction *m_addSnippet = nullptr;
     QAction *m_addFolder = nullptr;
     QAction *m_delete = nullptr;
+    QAction *m_toggle = nullptr;
     QAction *m_moveUp = nullptr;
     QAction *m_moveDown = nullptr;
     std::vector<QPropertyNotifier> m_observers;

@@ -94,6 +94,12 @@ void LibraryList::toggle(const ShownRow &row)
         m_state.setExpanded(*row.row->item, !row.row->expanded);
 }
 
+void LibraryList::toggleSelected()
+{
+    if (const auto row = m_state.selectedRow())
+        toggle(rowOf(*row));
+}
+
 void LibraryList::drag(const ShownRow &row, LibraryRowView &view)
 {
     if (row.row == nullptr || row.row->item == nullptr)
@@ -189,12 +195,38 @@ void LibraryList::keyPressEvent(QKeyEvent *event)
         openOrStepOut(isMirrored);
         break;
     case Qt::Key_Space:
-        if (const auto row = m_state.selectedRow())
-            toggle(rowOf(*row));
+        toggleSelected();
         break;
+    case Qt::Key_F10:
+        if (event->modifiers() == Qt::ShiftModifier) {
+            emit menuRequested(menuPlace());
+            break;
+        }
+        [[fallthrough]];
     default:
         QWidget::keyPressEvent(event);
     }
+}
+
+// The rows do it for the pointer. Here the menu key arrives, with a place of its own.
+void LibraryList::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        emit menuRequested(menuPlace());
+    else
+        event->ignore();
+}
+
+// Below the selected row's title, as far as the list shows it.
+QPoint LibraryList::menuPlace() const
+{
+    const int row = m_state.selectedRow().value_or(0);
+    const int y = std::clamp(m_column.topOf(row) + rowHeight(), 0, m_column.height() - 1);
+    const QRect rows = m_column.rowsRect();
+    const int indent = LibraryRowView::slotOffset(true);
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    const int x = isMirrored ? rows.right() - indent : rows.left() + indent;
+    return m_column.mapToGlobal(QPoint(x, y));
 }
 
 void LibraryList::focusInEvent(QFocusEvent *event)

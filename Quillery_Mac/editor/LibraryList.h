@@ -37,6 +37,8 @@ public:
     void choose(const ShownRow &row);
     /// Opens or closes the row's folder.
     void toggle(const ShownRow &row);
+    /// Opens or closes the selected folder.
+    void toggleSelected();
     /// Drags the row away; returns when it was dropped.
     void drag(const ShownRow &row, LibraryRowView &view);
     /// Selects the row `step` rows below, or above, the selected one.
@@ -60,6 +62,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -91,6 +94,7 @@ private:
     bool isText(const QMimeData &mime) const;
     void target(const DropPlace &place);
     void untarget();
+    QPoint menuPlace() const;
     void scrollNearEdge(QPoint point);
     int rowHeight() const;
     const ShownRow &rowOf(int row) const;

@@ -180,6 +180,23 @@ protected:
         return mime;
     }
 
+    /// The entry of the menu bar with that text.
+    QAction &entry(const char *text)
+    {
+        for (const QAction *menu : window->menuBar()->actions()) {
+            for (QAction *entry : menu->menu()->actions()) {
+                if (entry->text().remove(u'&') == QLatin1String(text))
+                    return *entry;
+            }
+        }
+        throw std::runtime_error(text);
+    }
+    static QMenu *contextMenu() { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); }
+    static QRect onScreen(const QWidget &widget)
+    {
+        return {widget.mapToGlobal(QPoint()), widget.size()};
+    }
+
     QAccessibleInterface &list()
     {
         return *QAccessible::queryAccessibleInterface(&window->list().column());
@@ -661,6 +678,50 @@ TEST_F(LibraryViewTest, toScreenReadersTheSelectedRowHasTheFocusOfTheList)
     EXPECT_TRUE(row->state().focused);
     EXPECT_EQ(list().focusChild(), row);
     EXPECT_TRUE(events.isLast(QAccessible::Focus, rowView("a")));
+}
+
+TEST_F(LibraryViewTest, theItemMenuOpensAndClosesTheSelectedFolder)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a");
+    show();
+    EXPECT_FALSE(entry("Open Folder").isEnabled());
+
+    click("Office");
+    entry("Open Folder").trigger();
+
+    EXPECT_TRUE(office.expanded());
+    entry("Close Folder").trigger();
+    EXPECT_FALSE(office.expanded());
+    state().setExpanded(office, true);
+    EXPECT_TRUE(entry("Close Folder").isEnabled());
+    click("a");
+    EXPECT_FALSE(entry("Open Folder").isEnabled());
+}
+
+TEST_F(LibraryViewTest, theMenuKeyShowsTheMenuOfTheSelectedRowAtTheRow)
+{
+    folder("Office");
+    snippet("a");
+    show();
+    click("a");
+    press(Qt::Key_F6);
+
+    press(Qt::Key_F10, Qt::ShiftModifier);
+
+    ASSERT_NE(contextMenu(), nullptr);
+    EXPECT_TRUE(onScreen(rowView("a")).adjusted(0, 0, 0, 2).contains(contextMenu()->pos()));
+    EXPECT_TRUE(contextMenu()->actions().contains(&entry("Open Folder")));
+    contextMenu()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(contextMenu(), nullptr);
+
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(&window->list(), &menuKey);
+
+    ASSERT_NE(contextMenu(), nullptr);
+    EXPECT_TRUE(onScreen(rowView("a")).adjusted(0, 0, 0, 2).contains(contextMenu()->pos()));
+    contextMenu()->close();
 }
 
 TEST_F(LibraryViewTest, everythingInTheToolbarIsInTheMenusToo)

@@ -10,7 +10,7 @@ import pytest
 from menus import open_by_second_start
 from support.desktop import START_BOUND
 from support.dragging import drag
-from support.editor_window import PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
+from support.editor_window import LINE_THICKNESS, PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
 from support.quillery import APPLICATION
 from support.samples import mixed_text
 from support.targets import SHOWN_BOUND, GtkTarget, QtTarget
@@ -161,6 +161,27 @@ def test_a_folder_opens_and_closes_by_mouse_and_keys_and_stays_so(library, user)
     library.click("Box")
     desktop.key("F6")
     desktop.key("Right")
+    library.wait_for_rows("Alpha", "Box", "Beta", "Shelf")
+
+
+CLOSE_FOLDER = 3  # which entry of the row's menu it is
+
+
+@pytest.mark.parametrize("key", ["Menu", "shift+F10"])
+def test_the_menu_key_shows_the_menu_of_the_row_at_the_row(library, user, key):
+    desktop = user.desktop
+    library.click("Shelf")
+    desktop.key("F6")
+    desktop.key(key)
+    menus = lambda: [window for window in user.windows() if window.override_redirect]
+    menu = wait_until(menus, START_BOUND, "the menu shows")[0]
+    row = user.control("Shelf", "list item")
+    assert row.x < menu.x < row.x + row.width
+    assert abs(menu.y - (row.y + row.height)) <= LINE_THICKNESS
+    for _ in range(CLOSE_FOLDER):
+        desktop.key("Down")
+    desktop.key("Return")
+
     library.wait_for_rows("Alpha", "Box", "Beta", "Shelf")
 
 
