@@ -4,12 +4,15 @@
 #include "Quillery_Mac/editor/ExactTextEdit.h"
 #include "Quillery_Mac/editor/FormAccessible.h"
 #include "Quillery_Mac/editor/LineField.h"
+#include "Quillery_Mac/editor/OpenDrag.h"
 #include "Quillery_Mac/editor/SnippetOrder.h"
 #include "Quillery_Mac/editor/TextFrame.h"
 #include "Quillery_Mac/ui/RowText.h"
 #include "platform/pasteboard/Pasteboard.h"
 
 #include <QAccessible>
+#include <QCloseEvent>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -186,6 +189,12 @@ void AddSnippet::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (!event->spontaneous() && !m_sinceAppeared.isValid())
         appear();
+}
+
+void AddSnippet::closeEvent(QCloseEvent *event)
+{
+    closeAfterDrag(*this);
+    event->accept();
 }
 
 void AddSnippet::appear()

@@ -4,6 +4,7 @@
 #include "Quillery_Mac/editor/DragPicture.h"
 #include "Quillery_Mac/editor/LibraryActions.h"
 #include "Quillery_Mac/editor/LibraryToolbar.h"
+#include "Quillery_Mac/editor/OpenDrag.h"
 #include "Quillery_Mac/editor/Sidebar.h"
 #include "Quillery_Mac/editor/SnippetDetailMac.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
@@ -159,7 +160,7 @@ void ContentViewMac::dropDetail()
         return;
     detail->disappear();
     detail->hide();
-    detail->deleteLater();
+    deleteAfterDrag(*detail);
 }
 
 void ContentViewMac::showColumns()
@@ -184,6 +185,7 @@ void ContentViewMac::showEvent(QShowEvent *event)
 void ContentViewMac::closeEvent(QCloseEvent *event)
 {
     dropDetail();
+    closeAfterDrag(*this);
     event->accept();
 }
 

@@ -7,8 +7,6 @@
 #include "Quillery_Mac/ui/SystemImage.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
-#include <QDrag>
-#include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
 
@@ -84,16 +82,6 @@ QPixmap dragPicture(const LibraryRowView &row, int count)
 QPoint dragHotSpot()
 {
     return {-12, -8};
-}
-
-void afterDrag(const QDropEvent &event, QObject &receiver, std::function<void()> command)
-{
-    const QDrag *drag = event.source() != nullptr ? event.source()->findChild<QDrag *>() : nullptr;
-    if (drag == nullptr)
-        command();
-    else
-        QObject::connect(drag, &QObject::destroyed, &receiver, std::move(command),
-                         Qt::QueuedConnection);
 }
 
 bool hasDroppedText(const QMimeData &data)

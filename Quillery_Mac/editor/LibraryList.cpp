@@ -4,6 +4,7 @@
 #include "Quillery_Mac/editor/DragPicture.h"
 #include "Quillery_Mac/editor/DropLine.h"
 #include "Quillery_Mac/editor/LibraryRowView.h"
+#include "Quillery_Mac/editor/OpenDrag.h"
 #include "Quillery_Mac/ui/Drawing.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/Tokens.h"

@@ -10,7 +10,16 @@ import pytest
 from menus import open_by_second_start
 from support.desktop import START_BOUND
 from support.dragging import drag
-from support.editor_window import LINE_THICKNESS, PLACEHOLDER, Library, folder, snippet, stored, wait_for_store
+from support.editor_window import (
+    LINE_THICKNESS,
+    PLACEHOLDER,
+    TITLE,
+    Library,
+    folder,
+    snippet,
+    stored,
+    wait_for_store,
+)
 from support.quillery import APPLICATION
 from support.samples import mixed_text
 from support.targets import SHOWN_BOUND, GtkTarget, QtTarget
@@ -211,6 +220,81 @@ def test_escape_ends_a_drag_and_changes_nothing(library, user):
     assert library.lines() == [] and library.rows() == ROWS
     library.drag_below("Beta", "Shelf")
     library.wait_for_rows("Alpha", "Box", "Shelf", "Beta", "Gamma")
+
+
+def close(library):
+    """As the window manager's button does. What is dragged has a window of that name too."""
+    is_there = lambda: any(window.width > 500 for window in library.user.windows())
+    library.desktop.run(["wmctrl", "-c", TITLE])
+    wait_until(lambda: not is_there(), START_BOUND, "the library is closed")
+
+
+def hold_over_shelf(library, dragging):
+    row = library.user.control("Shelf", "list item")
+    dragging.move_to(library.below("Shelf"), lambda: library.has_line_at(row.y + row.height), "line")
+
+
+def grip_text(library):
+    """A place on the selected text of the open editor, which holds "second"."""
+    library.click("Beta")
+    library.wait_for_texts("Beta", "second")
+    library.desktop.key("ctrl+a")
+    text = max(library.desktop.accessibility.controls(APPLICATION, role="text"), key=lambda field: field.height)
+    return text.x + FIRST_LINE[0], text.y + FIRST_LINE[1]
+
+
+def test_a_library_that_is_closed_during_a_drag_gives_the_drag_up(library, user):
+    with library.drag("Beta") as dragging:
+        hold_over_shelf(library, dragging)
+        close(library)
+        dragging.drop()
+
+    library.open()
+    library.wait_for_rows(*ROWS)
+    assert stored(user) == SEEDED
+    library.drag_below("Beta", "Shelf")
+    library.wait_for_rows("Alpha", "Box", "Shelf", "Beta", "Gamma")
+    assert user.quit() == 0
+
+
+def test_quitting_during_a_drag_ends_the_program(library, user):
+    with library.drag("Beta") as dragging:
+        hold_over_shelf(library, dragging)
+        assert user.quit() == 0
+        dragging.drop()
+
+    assert stored(user) == SEEDED
+
+
+@pytest.mark.parametrize("end", ["close", "quit"])
+def test_a_text_on_its_way_out_of_the_editor_is_given_up_with_its_window(library, user, end):
+    place = grip_text(library)
+    with drag(user.desktop, place) as dragging:
+        hold_over_shelf(library, dragging)
+        if end == "close":
+            close(library)
+        else:
+            assert user.quit() == 0
+        dragging.drop()
+
+    if end == "close":
+        library.open()
+        library.wait_for_rows(*ROWS)
+        assert user.quit() == 0
+    assert stored(user) == SEEDED
+
+
+def test_a_text_of_the_open_editor_becomes_a_snippet_and_stays_where_it_is(library, user):
+    place = grip_text(library)
+    with drag(user.desktop, place) as dragging:
+        hold_over_shelf(library, dragging)
+        dragging.drop()
+
+    library.wait_for_texts("", "second")
+    assert [(row.title, row.content) for row in stored(user)] == [
+        ("Alpha", "first \u00fc"), ("Box", None), ("Beta", "second"), ("Shelf", None), ("", "second"),
+        ("Gamma", "third")]
+    assert user.quit() == 0
 
 
 def side_by_side(library, target):
