@@ -147,9 +147,9 @@ void AddSnippet::bind()
     m_focus.add(Field::newFolder, *m_newFolder);
     setFocusProxy(m_title);
 
-    connect(m_title, &QLineEdit::textChanged, this, [this](const QString &now) { title = now; });
+    connect(m_title, &QLineEdit::textChanged, this, [this] { title = m_title->wholeText(); });
     connect(m_newFolder, &QLineEdit::textChanged, this,
-            [this](const QString &now) { newFolder = now; });
+            [this] { newFolder = m_newFolder->wholeText(); });
     connect(m_text, &ExactTextEdit::edited, this, [this] {
         m_isTextTouched = true;
         text = m_text->utf8();
@@ -162,8 +162,8 @@ void AddSnippet::bind()
         QAccessible::updateAccessibility(&event);
     });
     const auto show = [](LineField &field, const QString &now) {
-        if (field.text() != now)
-            field.setText(now);
+        if (field.wholeText() != now)
+            field.setWholeText(now);
     };
     m_observers.push_back(title.addNotifier([this, show] { show(*m_title, title.value()); }));
     m_observers.push_back(

@@ -29,8 +29,6 @@ constexpr int kTopMargin = 8; // the toolbar has its own
 constexpr int kCaptionGap = 12;
 constexpr int kSectionGap = 16;
 constexpr int kFrameGap = 8;
-// A line is laid out as a whole at every key; so much takes a millisecond or two.
-constexpr qsizetype kMaxTitleUnits = 16384;
 
 QLabel *makeCaption(const QString &text, QWidget &field)
 {
@@ -220,22 +218,18 @@ void SnippetDetailMac::letGo()
         widget->setEnabled(false);
         widget->hide();
     }
-    m_title->clear();
+    m_title->setWholeText({});
     m_content->setUtf8({});
 }
 
 void SnippetDetailMac::showTitle()
 {
     const QString title = snippet->title().value_or(QString());
-    if (title == QString(m_title->text() + m_titleRest))
+    if (title == m_title->wholeText())
         return;
     const QScopedValueRollback showing(m_isShowing, true);
-    qsizetype shown = std::min(title.size(), kMaxTitleUnits);
-    if (shown < title.size() && title.at(shown).isLowSurrogate())
-        --shown;
-    m_titleRest = title.mid(shown);
     const int cursor = m_title->cursorPosition();
-    m_title->setText(title.left(shown));
+    m_title->setWholeText(title);
     if (m_title->hasFocus())
         m_title->setCursorPosition(cursor);
 }
@@ -250,7 +244,7 @@ void SnippetDetailMac::titleEdited()
 {
     if (m_isShowing || !snippet)
         return;
-    editText([this] { snippet->setTitle(m_title->text() + m_titleRest); });
+    editText([this] { snippet->setTitle(m_title->wholeText()); });
 }
 
 void SnippetDetailMac::contentEdited()

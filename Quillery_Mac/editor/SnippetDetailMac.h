@@ -70,8 +70,6 @@ private:
     TextFrame *m_frame;
     ExactTextEdit *m_content;
     FocusState<Field> m_focus{focusedField};
-    /// Of a title that is too long for a line, what the field does not show.
-    QString m_titleRest;
     quint64 m_textRevision = 0; ///< of the texts that are shown
     bool m_isShowing = false;   ///< what changes in the fields is not the user's doing
     bool m_isOnScreen = false;

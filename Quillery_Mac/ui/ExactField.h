@@ -3,8 +3,8 @@
 
 #include <QByteArray>
 
-/// A text field that takes what is pasted byte by byte, where the toolkit's own fields would change
-/// its line ends.
+/// A text field that takes what is pasted whole and byte by byte, where the toolkit's own fields
+/// would change its line ends or cut it.
 class ExactField
 {
 public:

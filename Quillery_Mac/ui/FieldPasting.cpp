@@ -18,8 +18,11 @@ constexpr qsizetype kMaxBytesPerUnit = 3;
 
 void insert(QLineEdit &field, const QByteArray &utf8)
 {
-    // Of a text of 50 MB a line edit can take only the start.
-    field.insert(QString::fromUtf8(utf8.left(field.maxLength() * kMaxBytesPerUnit)));
+    // Of a text of 50 MB a plain line edit can take only the start.
+    if (auto *exact = dynamic_cast<ExactField *>(&field))
+        exact->insertUtf8(utf8);
+    else
+        field.insert(QString::fromUtf8(utf8.left(field.maxLength() * kMaxBytesPerUnit)));
 }
 
 template <typename TextEdit>

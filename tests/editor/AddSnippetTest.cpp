@@ -511,6 +511,24 @@ TEST_F(AddSnippetTest, veryLongTextsAreTaken)
     EXPECT_EQ(view().fetch<Snippet>().front()->content()->size(), 10000001);
 }
 
+TEST_F(AddSnippetTest, aLongTitleAndALongFolderNameAreTakenWhole)
+{
+    const FieldPasting pasting(pasteboard);
+    const QString name = QStringLiteral(" \U0001f469b\n").repeated(2000000);
+    pasteboard.copyElsewhere(name.toUtf8());
+    show();
+    form->selectedFolder = folderChoice::kCreateNew;
+
+    for (const char *field : {"Title", "New folder name:"})
+        QTest::keyClick(&line(field), Qt::Key_V, Qt::ControlModifier);
+    form->addSnippet();
+
+    const std::vector<Snippet *> items = view().fetch<Snippet>();
+    ASSERT_EQ(items.size(), 2U);
+    for (const Snippet *item : items)
+        EXPECT_TRUE(item->title() == name);
+}
+
 TEST_F(AddSnippetTest, theCaptionsStandInOrder)
 {
     show();
