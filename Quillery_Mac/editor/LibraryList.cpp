@@ -53,13 +53,13 @@ LibraryList::LibraryList(LibraryState &state, QWidget *parent)
     connect(&m_autoScroll, &QTimer::timeout, this, [this] { m_column.scrollBy(m_autoScrollStep); });
     connect(&state, &LibraryState::rowsChanged, this, &LibraryList::rowsAreOthers);
     connect(&state, &LibraryState::rowsFaded, this, [this] { m_column.reload(); });
-    connect(&state, &LibraryState::membersSlide, this,
+    connect(&state, &LibraryState::rowsSlide, this,
             [this](int row, int count) { m_column.slide(row + 1, count); });
     connect(&state, &LibraryState::moved, this, [this] {
         if (const auto row = m_state.selectedRow())
             m_column.ensureVisible(*row);
     });
-    connect(&state.items, &LiveFetchBase::changed, this, [this] { m_column.reload(); });
+    connect(&state.items, &LiveFetchBase::changed, this, [this] { m_column.rebind(); });
     m_observers.push_back(state.selectedItem.addNotifier([this] { selectionChanged(); }));
     rowsAreOthers();
 }

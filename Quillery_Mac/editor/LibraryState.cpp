@@ -82,6 +82,7 @@ void LibraryState::addSnippet()
     const qint64 order = above != nullptr ? above->order() + 1 : 0;
     Snippet &fresh = snippetOrder::insert(viewContext, {.title = kNewSnippetTitle}, order);
     save();
+    slideIn(fresh);
     select(fresh);
 }
 
@@ -93,6 +94,7 @@ void LibraryState::addFolder()
     Snippet &fresh = snippetOrder::append(
         viewContext, {.title = kNewFolderTitle, .isFolder = true, .expanded = true}, count + 1);
     save();
+    slideIn(fresh);
     select(fresh);
 }
 
@@ -119,12 +121,10 @@ void LibraryState::setExpanded(Snippet &folder, bool expanded)
     const auto before = static_cast<int>(m_shown.size());
     folder.setExpanded(expanded);
     save();
-    const auto row = std::find_if(m_shown.begin(), m_shown.end(), [&folder](const ShownRow &shown) {
-        return shown.row->item == &folder;
-    });
+    const std::optional<int> row = rowOf(folder);
     const int count = static_cast<int>(m_shown.size()) - before;
-    if (row != m_shown.end() && count != 0)
-        emit membersSlide(static_cast<int>(row - m_shown.begin()), count);
+    if (row && count != 0)
+        emit rowsSlide(*row, count);
 }
 
 void LibraryState::startDrag(Snippet &item)
@@ -290,6 +290,23 @@ void LibraryState::move(int destination)
 {
     snippetOrder::renumber(snippetOrder::moved(items.results(), moveIndexes, destination));
     save();
+}
+
+std::optional<int> LibraryState::rowOf(const Snippet &item) const
+{
+    const auto found = std::find_if(m_shown.begin(), m_shown.end(), [&item](const ShownRow &shown) {
+        return shown.row->item == &item;
+    });
+    if (found == m_shown.end())
+        return std::nullopt;
+    return static_cast<int>(found - m_shown.begin());
+}
+
+// Not shown in a closed folder, while searching for something else, and when it was not saved.
+void LibraryState::slideIn(const Snippet &item)
+{
+    if (const std::optional<int> row = rowOf(item))
+        emit rowsSlide(*row - 1, 1);
 }
 
 void LibraryState::select(const Snippet &item)

@@ -101,9 +101,9 @@ public:
 signals:
     /// snips() and rows() are others now.
     void rowsChanged();
-    /// A folder was opened or closed: `count` rows came in after its row, or, if it is negative,
-    /// went; follows rowsChanged().
-    void membersSlide(int row, int count);
+    /// An item was added, or a folder opened or closed: `count` rows came in after `row`, which is
+    /// -1 at the top, or, if it is negative, went; follows rowsChanged().
+    void rowsSlide(int row, int count);
     /// Objects of rows are gone; the rows are still there.
     void rowsFaded();
     /// The selected item was moved to another place.
@@ -117,6 +117,8 @@ private:
     void endDrag();
     void openFolderOf(int position);
     void move(int destination);
+    std::optional<int> rowOf(const Snippet &item) const;
+    void slideIn(const Snippet &item);
     void select(const Snippet &item);
 
     SnippetMatcher &m_matcher;

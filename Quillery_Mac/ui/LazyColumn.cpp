@@ -57,6 +57,11 @@ void LazyColumn::reload()
 {
     m_slide.stop();
     m_slideShift = 0;
+    rebind();
+}
+
+void LazyColumn::rebind()
+{
     layOut(Bind::All);
     update();
 }

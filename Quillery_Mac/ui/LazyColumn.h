@@ -49,6 +49,8 @@ public:
 
     /// The rows are others now: binds all that are in view. Keeps the scroll position.
     void reload();
+    /// The rows are the same, but what they show is not; a slide goes on.
+    void rebind();
     /// The rows are others now: `count` came in before row `first`, or, if it is negative, went
     /// from there. They are in place at once for keys and pointer; only what is seen moves there.
     void slide(int first, int count);

@@ -224,7 +224,7 @@ TEST_F(LibraryStateTest, openingAFolderIsStoredAndRebuildsTheRows)
     Snippet &office = folder("Office", false);
     snippet("a");
     EXPECT_EQ(rows(), Names{"Office"});
-    QSignalSpy slides(&library(), &LibraryState::membersSlide);
+    QSignalSpy slides(&library(), &LibraryState::rowsSlide);
 
     library().setExpanded(office, true);
 
@@ -233,6 +233,33 @@ TEST_F(LibraryStateTest, openingAFolderIsStoredAndRebuildsTheRows)
     EXPECT_FALSE(view().hasChanges());
     ASSERT_EQ(slides.size(), 1);
     EXPECT_EQ(slides[0], (QVariantList{0, 1}));
+}
+
+TEST_F(LibraryStateTest, whatIsAddedSlidesIntoItsPlace)
+{
+    Snippet &a = snippet("a");
+    snippet("b");
+    QSignalSpy slides(&library(), &LibraryState::rowsSlide);
+
+    library().addSnippet();
+    select(a);
+    library().addSnippet();
+    library().addFolder();
+
+    EXPECT_EQ(rows(), (Names{"New Snippet", "a", "New Snippet", "b", "Folder"}));
+    EXPECT_EQ(QList<QVariantList>(slides), (QList<QVariantList>{{-1, 1}, {1, 1}, {3, 1}}));
+}
+
+TEST_F(LibraryStateTest, whatIsAddedToAClosedFolderMovesNothing)
+{
+    Snippet &office = folder("Office", false);
+    QSignalSpy slides(&library(), &LibraryState::rowsSlide);
+    select(office);
+
+    library().addSnippet();
+
+    EXPECT_EQ(rows(), Names{"Office"});
+    EXPECT_EQ(slides.size(), 0);
 }
 
 TEST_F(LibraryStateTest, duringADragNoFolderOpensOrCloses)

@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QSplitter>
 #include <QTest>
 #include <QToolBar>
@@ -457,6 +458,57 @@ TEST_F(LibraryViewTest, newItemsComeByKeys)
 
     EXPECT_EQ(selection(), "Folder");
     EXPECT_EQ(shown(), (Names{"New Snippet", "Folder"}));
+}
+
+TEST_F(LibraryViewTest, aNewSnippetPushesTheRowsBelowItDown)
+{
+    snippet("a");
+    show();
+    const int height = rowView("a").height();
+
+    press(Qt::Key_N, Qt::ControlModifier);
+
+    EXPECT_LT(rowView("a").y(), height);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rowView("a").y() == height; }));
+}
+
+TEST_F(LibraryViewTest, aFolderThatOpensPushesTheRowsBelowItDown)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a");
+    folder("Home");
+    show();
+    const int height = rowView("Home").height();
+
+    state().setExpanded(office, true);
+    QCoreApplication::processEvents();
+
+    EXPECT_LT(rowView("Home").y(), 2 * height);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rowView("Home").y() == 2 * height; }));
+}
+
+TEST_F(LibraryViewTest, nothingMovesWhereTheDesktopWantsNoMotion)
+{
+    class StillStyle : public QProxyStyle
+    {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                      QStyleHintReturn *data) const override
+        {
+            return hint == SH_Widget_Animation_Duration
+                       ? 0
+                       : QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    };
+    snippet("a");
+    show();
+    StillStyle style;
+    window->list().column().setStyle(&style);
+
+    state().addSnippet();
+
+    EXPECT_EQ(rowView("a").y(), rowView("a").height());
+    window.reset();
 }
 
 TEST_F(LibraryViewTest, aRowDraggedOntoAStripShowsTheLineAndLandsThere)
