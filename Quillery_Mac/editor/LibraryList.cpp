@@ -101,21 +101,26 @@ void LibraryList::toggleSelected()
         toggle(rowOf(*row));
 }
 
-void LibraryList::drag(const ShownRow &row, LibraryRowView &view)
+std::unique_ptr<QMimeData> LibraryList::dragData(const Snippet &item)
 {
-    if (row.row == nullptr || row.row->item == nullptr)
-        return;
-    Snippet &item = *row.row->item;
-    m_state.startDrag(item);
-    auto *mime = new QMimeData;
+    auto mime = std::make_unique<QMimeData>();
     mime->setData(kRowFormat, QByteArray());
     if (!item.isFolder()) {
         const QByteArray content = item.content().value_or(QByteArray());
         mime->setText(QString::fromUtf8(content));
         mime->setData(kPlainFormat, content);
     }
+    return mime;
+}
+
+void LibraryList::drag(const ShownRow &row, LibraryRowView &view)
+{
+    if (row.row == nullptr || row.row->item == nullptr)
+        return;
+    Snippet &item = *row.row->item;
+    m_state.startDrag(item);
     auto *drag = new QDrag(this);
-    drag->setMimeData(mime);
+    drag->setMimeData(dragData(item).release());
     drag->setPixmap(dragPicture(view, m_state.draggedCount()));
     drag->setHotSpot(dragHotSpot());
     m_column.reload();

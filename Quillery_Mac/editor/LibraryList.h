@@ -9,6 +9,9 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
+#include <vector>
+
 class DropLine;
 class LibraryRowView;
 class QMimeData;
@@ -39,6 +42,8 @@ public:
     void toggle(const ShownRow &row);
     /// Opens or closes the selected folder.
     void toggleSelected();
+    /// What a drag of the item hands to other programs: a snippet's text, and of a folder nothing.
+    static std::unique_ptr<QMimeData> dragData(const Snippet &item);
     /// Drags the row away; returns when it was dropped.
     void drag(const ShownRow &row, LibraryRowView &view);
     /// Selects the row `step` rows below, or above, the selected one.

@@ -235,6 +235,25 @@ TEST_F(LibraryStateTest, openingAFolderIsStoredAndRebuildsTheRows)
     EXPECT_EQ(slides[0], (QVariantList{0, 1}));
 }
 
+TEST_F(LibraryStateTest, aSearchShowsAClosedFolderClosedAndItsMatchesWhenItIsOpened)
+{
+    Snippet &office = folder("Office", false);
+    snippet("a", "needle");
+    snippet("b");
+    folder("Home", false);
+    snippet("c");
+
+    library().searchText = QStringLiteral("needle");
+
+    EXPECT_EQ(rows(), Names{"Office"});
+    ASSERT_EQ(row("Office").row->children.size(), 1U);
+    EXPECT_FALSE(office.expanded());
+    library().setExpanded(office, true);
+    EXPECT_EQ(rows(), (Names{"Office", "  a"}));
+    library().searchText = QString();
+    EXPECT_EQ(rows(), (Names{"Office", "  a", "  b", "Home"}));
+}
+
 TEST_F(LibraryStateTest, whatIsAddedSlidesIntoItsPlace)
 {
     Snippet &a = snippet("a");

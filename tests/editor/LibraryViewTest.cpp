@@ -5,6 +5,8 @@
 #include "Quillery_Mac/editor/LibraryActions.h"
 #include "Quillery_Mac/editor/LibraryRowView.h"
 #include "Quillery_Mac/editor/SnippetDetailMac.h"
+#include "Quillery_Mac/ui/PaletteColors.h"
+#include "Quillery_Mac/ui/SystemImage.h"
 #include "tests/editor/LibraryFixture.h"
 #include "tests/fakes/FakePasteboard.h"
 
@@ -253,6 +255,48 @@ TEST_F(LibraryViewTest, theToolbarHasItsOrderAndDeleteOnlyWhileSomethingIsSelect
     EXPECT_EQ(toolbarTexts().size(), 2);
     EXPECT_EQ(window->detail(), nullptr);
     EXPECT_EQ(shown(), Names{});
+}
+
+TEST_F(LibraryViewTest, theToolbarShowsTheImagesOfItsCommands)
+{
+    snippet("a");
+    show();
+    click("a");
+    const auto drawn = [this](const QIcon &icon) {
+        return icon.pixmap(QSize(16, 16), 1).toImage();
+    };
+    const QColor color = paletteColors::text(window->palette());
+    const QList<QAction *> entries = window->findChild<QToolBar *>()->actions();
+    ASSERT_EQ(entries.size(), 3);
+
+    int i = 0;
+    for (const char *name : {"plus", "folder.badge.plus", "trash"}) {
+        const QImage image = systemImage::pixmap(QLatin1String(name), 16, 1, color).toImage();
+        ASSERT_FALSE(image.isNull());
+        EXPECT_EQ(drawn(entries[i++]->icon()), image) << name;
+    }
+}
+
+TEST_F(LibraryViewTest, F9HidesTheListAndShowsItAgain)
+{
+    show();
+    QWidget &sidebar = *window->list().parentWidget();
+    ASSERT_TRUE(state().columnVisibility.value());
+    ASSERT_TRUE(sidebar.isVisible());
+
+    press(Qt::Key_F9);
+    EXPECT_FALSE(state().columnVisibility.value());
+    EXPECT_FALSE(sidebar.isVisible());
+    EXPECT_FALSE(entry("Show Sidebar").isChecked());
+
+    press(Qt::Key_F9);
+    EXPECT_TRUE(state().columnVisibility.value());
+    EXPECT_TRUE(sidebar.isVisible());
+    EXPECT_TRUE(entry("Show Sidebar").isChecked());
+    press(Qt::Key_F9);
+    press(Qt::Key_F6);
+    EXPECT_TRUE(sidebar.isVisible());
+    EXPECT_TRUE(window->list().hasFocus());
 }
 
 TEST_F(LibraryViewTest, theSidebarIsAtLeast215PointsWide)
@@ -556,6 +600,21 @@ TEST_F(LibraryViewTest, aRowDroppedOutsideEveryRowStaysWhereItWas)
     EXPECT_FALSE(dropOn(window->list(), *rowData(), below));
 
     EXPECT_EQ(shown(), (Names{"a", "b"}));
+}
+
+TEST_F(LibraryViewTest, aDraggedSnippetCarriesItsTextAndAFolderNone)
+{
+    const QByteArray bytes("one\r\n\ttwo\xc2\xa0");
+    const Snippet &a = snippet("a", bytes);
+    Snippet &office = folder("Office");
+    office.setContent(QByteArray("a folder's"));
+
+    const auto ofSnippet = LibraryList::dragData(a);
+    EXPECT_EQ(ofSnippet->text(), QString::fromUtf8(bytes));
+    EXPECT_EQ(ofSnippet->data(QStringLiteral("text/plain;charset=utf-8")), bytes);
+    const auto ofFolder = LibraryList::dragData(office);
+    EXPECT_FALSE(ofFolder->hasText());
+    EXPECT_EQ(ofFolder->formats().size(), 1);
 }
 
 TEST_F(LibraryViewTest, aTextFromAnotherProgramBecomesASnippetWhereItIsDropped)
