@@ -278,8 +278,11 @@ void AddSnippet::addSnippet()
     if (selectedFolder.value() == folderChoice::kCreateNew) {
         const std::vector<Snippet *> &all = items.results();
         const qint64 folderPlace = all.empty() ? 1 : qint64(all.back()->order()) + 1;
-        snippetOrder::insert(context, {newFolder.value(), empty, true, false}, folderPlace);
         place = folderPlace + 1;
+        // There is no folder without its snippet.
+        for (const qint64 needed : {folderPlace, place})
+            static_cast<void>(snippetOrder::place(context, needed));
+        snippetOrder::insert(context, {newFolder.value(), empty, true, false}, folderPlace);
     }
     snippetOrder::insert(context, {title.value(), content, false, false}, place);
     // What was not written stays changed, and the next save writes it.

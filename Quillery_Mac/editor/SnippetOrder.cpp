@@ -7,6 +7,8 @@
 
 #include <QDateTime>
 
+#include <limits>
+
 namespace {
 
 constexpr const char *kOrder = "order";
@@ -27,24 +29,31 @@ Snippet &create(ManagedObjectContext &context, const snippetOrder::NewSnippet &f
 
 namespace snippetOrder {
 
+qint16 place(ManagedObjectContext &context, qint64 order)
+{
+    // The program ends, but what was typed before does not have to be lost with it.
+    if (order > std::numeric_limits<qint16>::max())
+        static_cast<void>(context.save());
+    return toSixteenBit(order, kOrder);
+}
+
 Snippet &append(ManagedObjectContext &context, const NewSnippet &fresh, qint64 order)
 {
-    const qint16 place = toSixteenBit(order, kOrder);
+    const qint16 own = place(context, order);
     Snippet &snippet = create(context, fresh);
-    snippet.setOrder(place);
+    snippet.setOrder(own);
     return snippet;
 }
 
 Snippet &insert(ManagedObjectContext &context, const NewSnippet &fresh, qint64 order)
 {
-    const qint16 place = toSixteenBit(order, kOrder);
+    const qint16 own = place(context, order);
     const std::vector<Snippet *> others = context.fetch<Snippet>();
-    Snippet &snippet = create(context, fresh);
     // From the last one on, so that what leaves the range is found before anything has changed.
-    for (auto other = others.rbegin(); other != others.rend() && (*other)->order() >= place;
-         ++other)
-        (*other)->setOrder(toSixteenBit((*other)->order() + 1, kOrder));
-    snippet.setOrder(place);
+    for (auto other = others.rbegin(); other != others.rend() && (*other)->order() >= own; ++other)
+        (*other)->setOrder(place(context, (*other)->order() + 1));
+    Snippet &snippet = create(context, fresh);
+    snippet.setOrder(own);
     return snippet;
 }
 

@@ -11,8 +11,8 @@
 class ManagedObjectContext;
 class Snippet;
 
-/// The one sequence of all snippets and folders, and what changes it. Nothing here saves. Numbers
-/// outside 16 bits are fatal.
+/// The one sequence of all snippets and folders, and what changes it. Nothing here saves, unless it
+/// is the last thing that the program does: numbers outside 16 bits are fatal.
 namespace snippetOrder {
 
 /// What a new snippet or folder starts with.
@@ -23,6 +23,10 @@ struct NewSnippet
     bool isFolder = false;
     bool expanded = false;
 };
+
+/// `order` as an object can have it. A number outside 16 bits is fatal; what is changed in the
+/// context until then is saved, for it may be what the user has typed.
+qint16 place(ManagedObjectContext &context, qint64 order);
 
 /// Creates an object with a fresh `id` and the present time as `timestamp`, and gives it `order`;
 /// no other object is renumbered.

@@ -7,6 +7,7 @@
 #include "tests/logic/StoreTestSupport.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -435,6 +436,24 @@ TEST_F(AddSnippetTest, aSaveThatFailsIsSilentAndTheNextOneWrites)
               "new0,a1");
 }
 
+TEST_F(AddSnippetTest, aStoreThatCannotBeWrittenClosesTheFormAndNothingIsSaid)
+{
+    addItem("a", 0);
+    EXPECT_TRUE(view().save());
+    const auto user = openReadOnly();
+    show();
+    QTest::keyClicks(&line("Title"), QStringLiteral("new"));
+
+    form->addSnippet();
+
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(places(), (Places{"new 0", "a 1"}));
+    EXPECT_TRUE(view().hasChanges());
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    EXPECT_TRUE(std::ranges::none_of(windows, &QWidget::isVisible));
+    EXPECT_EQ(answer(snippetsFile(), "SELECT group_concat(title) FROM Snippet"), "a");
+}
+
 TEST_F(AddSnippetTest, aNumberOutsideTheRangeIsFatal)
 {
     addItem("last", 32767);
@@ -448,6 +467,21 @@ TEST_F(AddSnippetTest, aNumberOutsideTheRangeIsFatal)
         "order 32768 is out of range");
     form->selectedFolder = 32767;
     EXPECT_DEATH(form->addSnippet(), "order 32768 is out of range");
+}
+
+TEST_F(AddSnippetTest, noFolderIsMadeWithoutRoomForItsSnippet)
+{
+    addItem("last", 32766);
+    EXPECT_TRUE(view().save());
+    show();
+    form->selectedFolder = folderChoice::kCreateNew;
+
+    const auto add = [this] {
+        tellWhenAborted(snippetsFile(), "SELECT group_concat(title) FROM Snippet");
+        form->addSnippet();
+    };
+
+    EXPECT_DEATH(add(), "order 32768 is out of range.*\nstored: last\n");
 }
 
 TEST_F(AddSnippetTest, theChoiceIsANumberEvenWhenTheStoreChanges)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The library window by keys and mouse.
 #include "Quillery_Mac/app/Funcs.h"
+#include "Quillery_Mac/editor/AddSnippet.h"
 #include "Quillery_Mac/editor/ContentViewMac.h"
 #include "Quillery_Mac/editor/LibraryActions.h"
 #include "Quillery_Mac/editor/LibraryRowView.h"
@@ -13,8 +14,11 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDropEvent>
+#include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
@@ -143,6 +147,19 @@ protected:
         }
         return texts;
     }
+    /// An entry of the menu bar, as it is when its menu has been opened.
+    QAction &menuAction(const char *text)
+    {
+        for (const QAction *entry : window->menuBar()->actions()) {
+            entry->menu()->popup({});
+            entry->menu()->close();
+            for (QAction *action : entry->menu()->actions()) {
+                if (action->text() == QString::fromUtf8(text))
+                    return *action;
+            }
+        }
+        throw std::runtime_error(text);
+    }
     QPlainTextEdit &text() { return *window->detail()->findChild<QPlainTextEdit *>(); }
 
     /// Where a strip of a row is in the list.
@@ -169,12 +186,19 @@ protected:
     }
     bool dropOn(QWidget &target, const QMimeData &mime, QPoint point)
     {
+        return actionOfDrop(target, mime, point) != Qt::IgnoreAction;
+    }
+    /// What the source of a drag is told: to delete what it gave, for a move. Nothing if the drop
+    /// is refused.
+    Qt::DropAction actionOfDrop(QWidget &target, const QMimeData &mime, QPoint point)
+    {
         moveOver(target, mime, point);
         QDropEvent event(point, Qt::CopyAction | Qt::MoveAction, &mime, Qt::LeftButton,
                          Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction);
         event.ignore();
         QApplication::sendEvent(&target, &event);
-        return event.isAccepted();
+        return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
     }
     std::unique_ptr<QMimeData> rowData()
     {
@@ -433,6 +457,68 @@ TEST_F(FatalLibraryView, aSaveThatTheLibraryDroppedIsFatalWhenAnEditorDisappears
     execute(snippetsFile(), "DROP TRIGGER refuse");
 }
 
+TEST_F(FatalLibraryView, whatIsTypedIsSavedBeforeAFullLibraryEndsTheProgram)
+{
+    snippet("a").setOrder(5);
+    snippet("last").setOrder(32767);
+    show();
+    click("a");
+    const auto typeAndEnd = [this](const auto &command) {
+        tellWhenAborted(snippetsFile(), "SELECT group_concat(title || \"order\" || content) FROM "
+                                        "(SELECT * FROM Snippet ORDER BY \"order\")");
+        QTest::keyClicks(&text(), QStringLiteral("!"));
+        command();
+    };
+    const char *saved = "Fatal error: order 32768 is out of range: it must be -32768 to 32767 "
+                        "\\(key \"order\"\\)\nstored: a5text!,last32767text\n";
+
+    EXPECT_DEATH(typeAndEnd([this] { state().addSnippet(); }), saved);
+    EXPECT_DEATH(typeAndEnd([this] { state().dropText("dropped", std::nullopt, Strip::Above); }),
+                 saved);
+    EXPECT_DEATH(typeAndEnd([this] { AddSnippet(view(), pasteboard, false).addSnippet(); }), saved);
+}
+
+TEST_F(FatalLibraryView, whatIsTypedIsSavedBeforeAFolderTooManyEndsTheProgram)
+{
+    for (int i = 0; i < 32767; ++i)
+        snippet("a");
+    show();
+    state().selectedItem = state().items.results().front()->id();
+    const auto typeAndAdd = [this] {
+        tellWhenAborted(snippetsFile(), "SELECT count(*) || max(content) FROM Snippet");
+        QTest::keyClicks(&text(), QStringLiteral("!"));
+        state().addFolder();
+    };
+
+    EXPECT_DEATH(typeAndAdd(), "Fatal error: order 32768 is out of range.*\nstored: 32767text!\n");
+}
+
+TEST_F(LibraryViewTest, aStoreThatCannotBeWrittenIsShownAndNothingIsSaid)
+{
+    snippet("a");
+    snippet("b");
+    folder("Office", false);
+    snippet("c");
+    EXPECT_TRUE(view().save());
+    forgetLibrary();
+    const auto user = openReadOnly();
+    show();
+    ASSERT_EQ(shown(), (Names{"a", "b", "Office"}));
+
+    state().startDrag(*state().items.results()[0]);
+    EXPECT_TRUE(dropOn(window->list(), *rowData(), onStrip("b", Strip::Below)));
+    state().setExpanded(*state().items.results()[2], true);
+    QCoreApplication::processEvents();
+
+    EXPECT_TRUE(view().hasChanges());
+    EXPECT_EQ(shown(), (Names{"a", "b", "Office"}));
+    EXPECT_TRUE(window->isActiveWindow());
+    EXPECT_EQ(window->findChild<QMessageBox *>(), nullptr);
+    EXPECT_EQ(answer(snippetsFile(), "SELECT group_concat(title) FROM "
+                                     "(SELECT title FROM Snippet ORDER BY \"order\")"),
+              "a,b,Office,c");
+}
+
 TEST_F(LibraryViewTest, aSelectedItemThatGoesElsewhereLeavesThePlaceholder)
 {
     Snippet &a = snippet("a");
@@ -652,9 +738,35 @@ TEST_F(LibraryViewTest, aTextDroppedBesideTheListIsTheLastSnippet)
     QMimeData mime;
     mime.setText(QStringLiteral("dropped"));
 
-    EXPECT_TRUE(dropOn(library, mime, QPoint(500, 200)));
+    EXPECT_EQ(actionOfDrop(library, mime, QPoint(500, 200)), Qt::CopyAction);
 
     EXPECT_EQ(shown(), (Names{"a", ""}));
+}
+
+TEST_F(LibraryViewTest, anImportIsUndoneOnceByTheEditMenu)
+{
+    snippet("a");
+    show();
+    QFile file(LibraryFixture::StoreTest::folder.filePath(QStringLiteral("more.json")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(
+        "{\"format\": \"Quillery library\", \"version\": 1, \"items\": [{\"title\": \"More\"}]}");
+    file.close();
+    EXPECT_FALSE(menuAction("Undo I&mport").isEnabled());
+
+    menuAction("&Import\u2026").trigger();
+    auto *dialog = window->findChild<QFileDialog *>();
+    ASSERT_NE(dialog, nullptr);
+    emit dialog->fileSelected(file.fileName());
+    dialog->close();
+    EXPECT_EQ(shown(), (Names{"a", "More"}));
+
+    QAction &undo = menuAction("Undo I&mport");
+    EXPECT_TRUE(undo.isEnabled());
+    undo.trigger();
+    EXPECT_EQ(shown(), Names{"a"});
+    EXPECT_EQ(answer(snippetsFile(), "SELECT group_concat(title) FROM Snippet"), "a");
+    EXPECT_FALSE(menuAction("Undo I&mport").isEnabled());
 }
 
 TEST_F(LibraryViewTest, rowsAreKnownToScreenReaders)

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tests/logic/FullDisk.h"
+#include "tests/logic/OrdinaryUser.h"
 #include "tests/logic/StoreTestSupport.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -62,35 +62,6 @@ protected:
 
     bool savedBoth = false;
     qsizetype snippetCount = 0;
-};
-
-// Acts as a user who may not do everything, where the tests run as root.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser()
-    {
-        if (::geteuid() == 0) {
-            EXPECT_EQ(::seteuid(kNobody), 0);
-        }
-    }
-    ~OrdinaryUser()
-    {
-        if (::getuid() == 0) {
-            EXPECT_EQ(::seteuid(0), 0);
-        }
-    }
-    Q_DISABLE_COPY_MOVE(OrdinaryUser)
-
-    static void give(const QString &path)
-    {
-        if (::geteuid() == 0) {
-            EXPECT_EQ(::chown(QFile::encodeName(path).constData(), kNobody, kNobody), 0);
-        }
-    }
-
-private:
-    static constexpr uid_t kNobody = 65534;
 };
 
 QByteArray damaged(QByteArray file)

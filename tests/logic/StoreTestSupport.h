@@ -4,6 +4,7 @@
 #include "Quillery_Mac/store/Clip.h"
 #include "Quillery_Mac/store/PersistenceController.h"
 #include "Quillery_Mac/store/Snippet.h"
+#include "tests/logic/OrdinaryUser.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,6 +12,11 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
+#include <csignal>
+#include <cstdio>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -47,6 +53,28 @@ protected:
         SQLite::Database database(file.toStdString(), SQLite::OPEN_READWRITE, 1000);
         return database.execAndGet(sql).getString();
     }
+    /// From now on this process tells what SQL answers of a file when it aborts, on standard error.
+    /// For the child process of a death test, whose store is its own.
+    static void tellWhenAborted(const QString &file, const std::string &sql)
+    {
+        s_toldFile = file;
+        s_toldSql = sql;
+        std::signal(SIGABRT, [](int) {
+            std::fprintf(stderr, "stored: %s\n", answer(s_toldFile, s_toldSql).c_str());
+        });
+    }
+    /// Opens the stores as a user who may read the snippets but not write them.
+    /// @return while it lives the program runs as that user
+    std::unique_ptr<OrdinaryUser> openReadOnly()
+    {
+        close();
+        for (const QString &path : {folder.path(), folderPath(), clipsFile(), snippetsFile()})
+            OrdinaryUser::give(path);
+        EXPECT_EQ(::chmod(QFile::encodeName(snippetsFile()).constData(), 0400), 0);
+        auto user = std::make_unique<OrdinaryUser>();
+        open();
+        return user;
+    }
     static QByteArray bytes(const QString &file)
     {
         QFile in(file);
@@ -73,4 +101,8 @@ protected:
 
     QTemporaryDir folder;
     std::unique_ptr<PersistenceController> controller;
+
+private:
+    static inline QString s_toldFile;
+    static inline std::string s_toldSql;
 };
