@@ -218,6 +218,26 @@ TEST_F(SnippetDetailTest, aSaveThatFailsIsFatal)
         "\\[\"kind\": \"input or output\"\\]");
 }
 
+TEST_F(SnippetDetailTest, aSaveThatIsPutOffAndThenFailsIsFatalWhenTheEditorIsLongGone)
+{
+    SnippetDetailMac &editor = show(addPlain());
+    QTest::keyClicks(&contentOf(editor), QStringLiteral("!"));
+    const auto disappearWhileAnotherWrites = [&] {
+        SQLite::Database other(snippetsFile().toStdString(), SQLite::OPEN_READWRITE, 1000);
+        other.exec("BEGIN IMMEDIATE");
+        editor.disappear();
+        editors.clear();
+        std::fputs("gone\n", stderr);
+        other.exec("DROP TABLE Snippet");
+        other.exec("COMMIT");
+        QTest::qWait(30000);
+    };
+
+    EXPECT_DEATH(disappearWhileAnotherWrites(),
+                 "gone\n(.*\n)?Quillery_Mac/SnippetDetailMac: Fatal error: Unresolved error Save "
+                 ".*: no such table.*, \\[\"kind\": \"input or output\"\\]\n");
+}
+
 TEST_F(SnippetDetailTest, twoEditorsOfOneSnippetShowTheSameText)
 {
     Snippet &snippet = addPlain();

@@ -345,6 +345,24 @@ def test_text_that_is_dropped_becomes_a_snippet_there(library, user, source, str
         assert field.text() == DROPPED.encode()
 
 
+@pytest.mark.parametrize("source", [GtkTarget, QtTarget])
+def test_text_dropped_beside_the_list_is_the_last_snippet_and_stays_where_it_was(library, user, source):
+    with source(user.desktop) as field:
+        side_by_side(library, field)
+        field.hold(DROPPED)
+        field.select_all()
+        window = field.window()
+        with drag(user.desktop, (window.x + FIRST_LINE[0], window.y + FIRST_LINE[1])) as dragging:
+            row = user.control("Gamma", "list item")
+            dragging.move_to(library.below("Gamma"), lambda: library.has_line_at(row.y + row.height), "line")
+            dragging.move_to(user.control(PLACEHOLDER).centre, lambda: not library.lines(), "no line")
+            dragging.drop()
+
+        library.wait_for_texts("", DROPPED)
+        assert [(row.title, row.content) for row in stored(user)][len(SEED):] == [("", DROPPED)]
+        stays(lambda: field.text() == DROPPED.encode(), QUIET, "the source keeps it")
+
+
 # -- import and export ----------------------------------------------------------------------------
 
 
