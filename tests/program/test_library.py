@@ -374,11 +374,19 @@ def choose_file(user, command, dialog, file):
     desktop.key({"Import…": "i", "Export Library…": "e"}[command])
     user.control(dialog, "dialog")
     wait_until(lambda: has_focus(user, "File name:"), START_BOUND, "the dialog has the keyboard")
-    desktop.key("ctrl+a")
-    desktop.type_text(str(file))
-    accessibility = desktop.accessibility
-    wait_until(lambda: str(file) in accessibility.texts(APPLICATION), START_BOUND, "the path is typed")
+    wait_until(lambda: type_path(user, str(file)), START_BOUND,
+               lambda: f"the path is typed: {desktop.accessibility.texts(APPLICATION)}")
     wait_until(lambda: accept(user, dialog), START_BOUND, "the dialog is gone")
+
+
+def type_path(user, path):
+    """The dialog may set the field once more while it is still reading its folder."""
+    user.desktop.key("ctrl+a")
+    user.desktop.type_text(path)
+    try:
+        return wait_until(lambda: path in user.desktop.accessibility.texts(APPLICATION), SHOWN_BOUND, "typed")
+    except NotReached:
+        return False
 
 
 def accept(user, dialog):
