@@ -50,7 +50,10 @@ LibraryList::LibraryList(LibraryState &state, QWidget *parent)
     m_column.setAccessibleName(tr("Snippets"));
     m_column.setRowHeight(rowHeight());
     m_autoScroll.setInterval(kAutoScroll);
-    connect(&m_autoScroll, &QTimer::timeout, this, [this] { m_column.scrollBy(m_autoScrollStep); });
+    connect(&m_autoScroll, &QTimer::timeout, this, [this] {
+        m_column.scrollBy(m_autoScrollStep);
+        aim(); // a pointer that rests is over another row now
+    });
     connect(&state, &LibraryState::rowsChanged, this, &LibraryList::rowsAreOthers);
     connect(&state, &LibraryState::rowsFaded, this, [this] { m_column.reload(); });
     connect(&state, &LibraryState::rowsSlide, this,
@@ -271,20 +274,30 @@ void LibraryList::dragEnterEvent(QDragEnterEvent *event)
 
 void LibraryList::dragMoveEvent(QDragMoveEvent *event)
 {
-    const QPoint point = event->position().toPoint();
-    scrollNearEdge(point);
-    const DropPlace place = placeAt(point);
-    const bool isOwn = isOwnDrag(*event);
-    const bool isTaken = isOwn ? place.row >= 0 && m_state.accepts(rowOf(place.row), place.strip)
-                               : isText(*event->mimeData());
-    if (!isTaken) {
-        untarget();
+    m_dragPoint = event->position().toPoint();
+    m_isRowDragged = isOwnDrag(*event);
+    const bool isKnown = m_isRowDragged || isText(*event->mimeData());
+    if (isKnown)
+        scrollNearEdge(m_dragPoint);
+    if (!isKnown || !aim()) {
         event->ignore();
         return;
     }
-    target(place);
-    event->setDropAction(isOwn ? Qt::MoveAction : Qt::CopyAction);
+    event->setDropAction(m_isRowDragged ? Qt::MoveAction : Qt::CopyAction);
     event->accept();
+}
+
+// Shows where what is dragged would land. Returns whether it may.
+bool LibraryList::aim()
+{
+    const DropPlace place = placeAt(m_dragPoint);
+    const bool isTaken =
+        !m_isRowDragged || (place.row >= 0 && m_state.accepts(rowOf(place.row), place.strip));
+    if (isTaken)
+        target(place);
+    else
+        untarget();
+    return isTaken;
 }
 
 void LibraryList::dragLeaveEvent(QDragLeaveEvent *)

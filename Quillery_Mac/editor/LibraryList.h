@@ -97,6 +97,7 @@ private:
     void tellFocus();
     bool isOwnDrag(const QDropEvent &event) const;
     bool isText(const QMimeData &mime) const;
+    bool aim();
     void target(const DropPlace &place);
     void untarget();
     QPoint menuPlace() const;
@@ -111,6 +112,8 @@ private:
     DropLine *m_line;
     QTimer m_autoScroll;
     int m_autoScrollStep = 0;
+    QPoint m_dragPoint;          ///< where the drag over the list was last
+    bool m_isRowDragged = false; ///< over the list, and not a text
     bool m_hasKeyboardFocus = false;
     std::vector<QPropertyNotifier> m_observers;
 };

@@ -674,6 +674,24 @@ TEST_F(LibraryViewTest, aFolderOverTheUpperStripOfAMemberIsRefused)
     EXPECT_TRUE(moveOver(*rowData(), onStrip("a", Strip::Below)));
 }
 
+TEST_F(LibraryViewTest, rowsThatScrollUnderARestingDragAreAimedAt)
+{
+    Snippet &first = snippet("first");
+    for (int number = 0; number < 40; ++number)
+        snippet("row");
+    show();
+    state().startDrag(first);
+    EXPECT_TRUE(moveOver(*rowData(), QPoint(60, window->list().height() - 4)));
+    const QMap<QUuid, bool> before = state().target.value();
+    ASSERT_EQ(before.size(), 1);
+
+    const auto isOther = [this, &before] {
+        const QMap<QUuid, bool> now = state().target.value();
+        return now.size() == 1 && now.firstKey() != before.firstKey();
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isOther));
+}
+
 TEST_F(LibraryViewTest, aRowDroppedOutsideEveryRowStaysWhereItWas)
 {
     Snippet &a = snippet("a");
