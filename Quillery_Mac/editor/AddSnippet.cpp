@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace {
 
@@ -210,10 +211,12 @@ void AddSnippet::takeText()
     text = m_pasteboard.string().value_or(QByteArray());
 }
 
-// What was copied for this form may still have been on its way when the form appeared.
+// What was copied for this form may still have been on its way when the form appeared. Copies that
+// are made while another window is in use are not for it.
 void AddSnippet::takeLateText()
 {
-    if (doCopy && !m_isTextTouched && m_sinceAppeared.isValid() && m_pasteboard.string() &&
+    if (doCopy && !m_isTextTouched && isActiveWindow() && m_sinceAppeared.isValid() &&
+        m_pasteboard.string() &&
         !m_sinceAppeared.hasExpired(std::chrono::milliseconds(kLateText).count()))
         takeText();
 }
@@ -272,6 +275,9 @@ void AddSnippet::showChoice()
 
 void AddSnippet::addSnippet()
 {
+    // A second Return may come before the form, which is closed by then, is destroyed.
+    if (std::exchange(m_isAdded, true))
+        return;
     const QByteArray empty("");
     const QByteArray content = text.value().isEmpty() ? empty : text.value();
     qint64 place = qint64(selectedFolder.value()) + 1;

@@ -103,4 +103,5 @@ private:
     std::vector<QPropertyNotifier> m_observers;
     QElapsedTimer m_sinceAppeared; ///< not started before
     bool m_isTextTouched = false;
+    bool m_isAdded = false;
 };

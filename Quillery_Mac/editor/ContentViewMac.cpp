@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/editor/ContentViewMac.h"
 
-#include "Quillery_Mac/editor/DragPicture.h"
+#include "Quillery_Mac/editor/DroppedText.h"
 #include "Quillery_Mac/editor/LibraryActions.h"
 #include "Quillery_Mac/editor/LibraryToolbar.h"
 #include "Quillery_Mac/editor/OpenDrag.h"

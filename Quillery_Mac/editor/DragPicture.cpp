@@ -7,13 +7,10 @@
 #include "Quillery_Mac/ui/SystemImage.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
-#include <QMimeData>
 #include <QPainter>
 
 namespace {
 
-const QString kUtf8 = QStringLiteral("text/plain;charset=utf-8");
-const QString kPlain = QStringLiteral("text/plain");
 constexpr int kMaximumWidth = 240;
 constexpr int kBadgePadding = 6;
 
@@ -82,24 +79,4 @@ QPixmap dragPicture(const LibraryRowView &row, int count)
 QPoint dragHotSpot()
 {
     return {-12, -8};
-}
-
-bool hasDroppedText(const QMimeData &data)
-{
-    // A file that is dragged has an address, which counts as a text by hasText().
-    return data.hasFormat(kPlain) || data.hasFormat(kUtf8);
-}
-
-// Under the name with the charset some programs send all line ends as CRLF, for so the standard of
-// that format has them, and under the plain name the text as it is. Which may be no UTF-8.
-QByteArray droppedText(const QMimeData &data)
-{
-    if (!data.hasFormat(kUtf8))
-        return data.text().toUtf8();
-    QByteArray text = data.data(kUtf8);
-    if (!text.contains("\r\n"))
-        return text;
-    const QByteArray plain = data.data(kPlain);
-    const auto joined = [](QByteArray lines) { return lines.replace("\r\n", "\n"); };
-    return joined(plain) == joined(text) ? plain : text;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/editor/ExactTextEdit.h"
 
+#include "Quillery_Mac/editor/DroppedText.h"
 #include "Quillery_Mac/editor/FieldMenu.h"
 #include "Quillery_Mac/editor/ShownText.h"
 
@@ -31,11 +32,6 @@ bool isReturn(const QKeyEvent &event)
 {
     const auto others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) && !others;
-}
-
-QByteArray bytesOf(const QMimeData &source)
-{
-    return source.hasFormat(kUtf8Format) ? source.data(kUtf8Format) : source.text().toUtf8();
 }
 
 } // namespace
@@ -238,9 +234,9 @@ void ExactTextEdit::insertFromMimeData(const QMimeData *source)
     if (isReadOnly() || !canInsertFromMimeData(source))
         return;
     if (m_dropped)
-        m_dropped = bytesOf(*source);
+        m_dropped = droppedText(*source);
     else
-        insertUtf8(bytesOf(*source));
+        insertUtf8(droppedText(*source));
 }
 
 void ExactTextEdit::documentChanged(int at, int removed, int added)

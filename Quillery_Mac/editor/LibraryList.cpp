@@ -3,6 +3,7 @@
 
 #include "Quillery_Mac/editor/DragPicture.h"
 #include "Quillery_Mac/editor/DropLine.h"
+#include "Quillery_Mac/editor/DroppedText.h"
 #include "Quillery_Mac/editor/LibraryRowView.h"
 #include "Quillery_Mac/editor/OpenDrag.h"
 #include "Quillery_Mac/ui/Drawing.h"
@@ -143,7 +144,16 @@ void LibraryList::chooseNext(int step)
         return;
     const std::optional<int> selected = m_state.selectedRow();
     const int from = selected.value_or(step > 0 ? -1 : count);
-    choose(rowOf(std::clamp(from + step, 0, count - 1)));
+    const int direction = step > 0 ? 1 : -1;
+    // Rows that cannot be selected, for their object is gone or has no id, are passed over.
+    for (int row = std::clamp(from + step, 0, count - 1); row >= 0 && row < count;
+         row += direction) {
+        const Snippet *item = rowOf(row).row->item;
+        if (item != nullptr && item->id()) {
+            choose(rowOf(row));
+            return;
+        }
+    }
 }
 
 LibraryList::DropPlace LibraryList::placeAt(QPoint point) const

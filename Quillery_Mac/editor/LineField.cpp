@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/editor/LineField.h"
 
+#include "Quillery_Mac/editor/DroppedText.h"
 #include "Quillery_Mac/editor/FieldMenu.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
 
@@ -10,6 +11,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -25,6 +27,7 @@ constexpr int kTextMargin = 4;
 
 // A line is laid out as a whole at every key; so much takes a millisecond or two.
 constexpr qsizetype kMaxShownUnits = 16384;
+constexpr qsizetype kAlwaysShown = 256;
 
 // Unicode keeps these for a program's own use: they are no characters of a text. One that stands in
 // a text all the same is not shown, it is the first of a rest.
@@ -59,9 +62,11 @@ void LineField::setWholeText(const QString &text)
 
 void LineField::insertUtf8(const QByteArray &utf8)
 {
+    const QString text = QString::fromUtf8(utf8);
     if (m_rests.size() == kSignCount)
-        freeSigns();
-    insert(folded(QString::fromUtf8(utf8), room()));
+        insertAnew(text);
+    else
+        insert(folded(text, room()));
 }
 
 void LineField::changeEvent(QEvent *event)
@@ -95,6 +100,16 @@ void LineField::keyPressEvent(QKeyEvent *event)
         del();
 }
 
+// The line edit offers what the mouse has selected as the primary selection, with the sign.
+void LineField::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    const QString selected = selectedText();
+    QClipboard &clipboard = *QGuiApplication::clipboard();
+    if (clipboard.supportsSelection() && std::any_of(selected.begin(), selected.end(), isSign))
+        clipboard.setText(unfolded(selected), QClipboard::Selection);
+}
+
 void LineField::dropEvent(QDropEvent *event)
 {
     if (event->source() == this) {
@@ -102,9 +117,9 @@ void LineField::dropEvent(QDropEvent *event)
         return;
     }
     if (m_rests.size() == kSignCount)
-        freeSigns();
+        setWholeText(wholeText());
     QMimeData shown;
-    shown.setText(folded(event->mimeData()->text(), room()));
+    shown.setText(folded(QString::fromUtf8(droppedText(*event->mimeData())), room()));
     QDropEvent drop(event->position(), event->possibleActions(), &shown, event->buttons(),
                     event->modifiers());
     drop.setDropAction(event->dropAction());
@@ -113,10 +128,10 @@ void LineField::dropEvent(QDropEvent *event)
     event->setAccepted(drop.isAccepted());
 }
 
-// How much more can be shown, when the selection has gone.
+// How much more can be shown, when the selection has gone: a few words always.
 qsizetype LineField::room() const
 {
-    return std::max<qsizetype>(kMaxShownUnits - text().size() + selectedText().size(), 0);
+    return std::max(kMaxShownUnits - text().size() + selectedText().size(), kAlwaysShown);
 }
 
 // At most `room` units of the text, and the sign of its rest.
@@ -149,13 +164,16 @@ QString LineField::unfolded(const QString &shown) const
 }
 
 // After so many long texts there is no sign left that is not in the history, so that has to go.
-void LineField::freeSigns()
+void LineField::insertAnew(const QString &inserted)
 {
-    if (hasSelectedText())
-        del();
-    const int cursor = cursorPosition();
-    setWholeText(wholeText());
-    setCursorPosition(cursor);
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    const int end = hasSelectedText() ? selectionEnd() : start;
+    const QString before = unfolded(text().left(start)) + inserted;
+    const QString after = unfolded(text().mid(end));
+    m_rests.clear();
+    const QString shown = folded(before, kMaxShownUnits);
+    setText(shown + folded(after, std::max(kMaxShownUnits - shown.size(), kAlwaysShown)));
+    setCursorPosition(static_cast<int>(shown.size()));
 }
 
 void LineField::takeColors()

@@ -29,13 +29,14 @@ protected:
     void changeEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
     qsizetype room() const;
     QString folded(const QString &whole, qsizetype room);
     QString unfolded(const QString &shown) const;
-    void freeSigns();
+    void insertAnew(const QString &inserted);
     void takeColors();
 
     QStringList m_rests; ///< what the signs stand for, one after the other

@@ -75,6 +75,8 @@ bool SnippetMenuState::isFolderOpen(const Snippet &folder) const
 
 void SnippetMenuState::highlight(std::optional<SnippetRow> row)
 {
+    // A Return that still waits meant another row.
+    m_isSelectWaiting = false;
     setHighlight(row, false);
 }
 

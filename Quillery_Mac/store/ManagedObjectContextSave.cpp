@@ -75,7 +75,7 @@ void ManagedObjectContext::writeStore(StoreConnection &file, ObjectTable &object
 {
     SQLite::Transaction transaction(file.database(), SQLite::TransactionBehavior::IMMEDIATE);
     if (m_role == Role::View) {
-        m_mergeQueue.waitForCommit();
+        m_mergeQueue.waitForCommit(objects.entity().store);
         mergeQueued();
     }
     ObjectWriter writer(file, objects);

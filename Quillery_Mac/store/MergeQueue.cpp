@@ -11,7 +11,7 @@ MergeQueue::MergeQueue(std::function<void()> wake)
 void MergeQueue::commitAndQueue(const std::function<void()> &commit, StoreChanges changes)
 {
     {
-        const std::lock_guard committing(m_commitLock);
+        const std::lock_guard committing(commitLock(changes.store));
         commit();
         const std::lock_guard listing(m_listLock);
         m_changes.push_back(std::move(changes));
@@ -19,9 +19,14 @@ void MergeQueue::commitAndQueue(const std::function<void()> &commit, StoreChange
     m_wake();
 }
 
-void MergeQueue::waitForCommit()
+void MergeQueue::waitForCommit(StoreKind store)
 {
-    const std::lock_guard committed(m_commitLock);
+    const std::lock_guard committed(commitLock(store));
+}
+
+std::mutex &MergeQueue::commitLock(StoreKind store)
+{
+    return m_commitLocks.at(static_cast<std::size_t>(store));
 }
 
 std::vector<StoreChanges> MergeQueue::takeAll()

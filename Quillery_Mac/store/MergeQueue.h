@@ -3,6 +3,7 @@
 
 #include "Quillery_Mac/store/StoreChanges.h"
 
+#include <array>
 #include <functional>
 #include <mutex>
 
@@ -11,10 +12,11 @@
 ///
 /// A save of the view context must know all that was committed before it, or an older value merged
 /// later would replace a newer one. So (1) a background save commits and queues its changes under
-/// one lock; (2) the view context, once it holds the file's write lock, waits for that lock and
-/// merges what is queued. Nobody can be between commit and queueing then. The locks are always
-/// taken in the order write lock, commit lock; merging alone, which the event loop does, takes
-/// neither. Since the commit itself needs the write lock, what (2) waits for is the queueing alone.
+/// the commit lock of its store; (2) the view context, once it holds the file's write lock, waits
+/// for that lock and merges what is queued. Nobody can be between commit and queueing then. The
+/// locks are always taken in the order write lock, commit lock; merging alone, which the event loop
+/// does, takes neither. Since the commit itself needs the write lock of its file, what (2) waits
+/// for is the queueing alone.
 class MergeQueue
 {
 public:
@@ -23,14 +25,16 @@ public:
 
     /// Runs `commit` and queues `changes` if it does not throw. Any thread.
     void commitAndQueue(const std::function<void()> &commit, StoreChanges changes);
-    /// Returns when no commit of a background save is under way.
-    void waitForCommit();
+    /// Returns when no commit of a background save of that store is under way.
+    void waitForCommit(StoreKind store);
     /// What was queued since the last call. Main thread.
     std::vector<StoreChanges> takeAll();
 
 private:
+    std::mutex &commitLock(StoreKind store);
+
     std::function<void()> m_wake;
-    std::mutex m_commitLock;
+    std::array<std::mutex, kStoreKinds.size()> m_commitLocks;
     std::mutex m_listLock;
     std::vector<StoreChanges> m_changes;
 };

@@ -395,6 +395,32 @@ TEST_F(AddSnippetTest, aTextThatArrivesLateFillsAnUntouchedField)
     EXPECT_EQ(content().utf8(), mine);
 }
 
+TEST_F(AddSnippetTest, whatIsCopiedWhileAnotherWindowIsInUseDoesNotReplaceTheText)
+{
+    pasteboard.copyElsewhere("prefilled");
+    show(true);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+
+    pasteboard.copyElsewhere("for the title");
+
+    EXPECT_EQ(content().utf8(), "prefilled");
+}
+
+TEST_F(AddSnippetTest, aSecondReturnBeforeTheFormIsGoneAddsNothing)
+{
+    show();
+    form->dismiss = [] {};
+    QTest::keyClicks(&line("Title"), QStringLiteral("once"));
+
+    QTest::keyClick(&line("Title"), Qt::Key_Return);
+    QTest::keyClick(&line("Title"), Qt::Key_Return);
+
+    EXPECT_EQ(places(), (Places{"once 0"}));
+}
+
 TEST_F(AddSnippetTest, whatIsCopiedInTheFormDoesNotReplaceItsText)
 {
     pasteboard.copyElsewhere("prefilled");

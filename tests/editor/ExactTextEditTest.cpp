@@ -272,6 +272,18 @@ TEST_F(ExactTextEditTest, aDropFromElsewhereIsExact)
     EXPECT_EQ(field.utf8(), "<>");
 }
 
+TEST_F(ExactTextEditTest, lineEndsThatOnlyTheDragHasChangedAreTakenBack)
+{
+    field.setUtf8("<>");
+    QMimeData mime;
+    mime.setText(QStringLiteral("a\nb"));
+    mime.setData(QStringLiteral("text/plain;charset=utf-8"), "a\r\nb");
+
+    drop(1, mime);
+
+    EXPECT_EQ(field.utf8(), "<a\nb>");
+}
+
 TEST_F(ExactTextEditTest, aSelectionThatIsDraggedWithinTheFieldMovesExactly)
 {
     field.setUtf8("one\r\ntwo\rthree");

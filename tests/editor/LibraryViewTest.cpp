@@ -519,6 +519,23 @@ TEST_F(LibraryViewTest, aStoreThatCannotBeWrittenIsShownAndNothingIsSaid)
               "a,b,Office,c");
 }
 
+TEST_F(LibraryViewTest, theArrowsPassOverRowsThatCannotBeSelected)
+{
+    snippet("a");
+    snippet("b").setId(std::nullopt);
+    Snippet &c = snippet("c");
+    show();
+    click("a");
+    window->list().setFocus();
+
+    press(Qt::Key_Down);
+    EXPECT_EQ(state().selectedItem.value(), c.id());
+
+    window->list().setFocus();
+    press(Qt::Key_Up);
+    EXPECT_EQ(state().selected()->title(), QStringLiteral("a"));
+}
+
 TEST_F(LibraryViewTest, aSelectedItemThatGoesElsewhereLeavesThePlaceholder)
 {
     Snippet &a = snippet("a");

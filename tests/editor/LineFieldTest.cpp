@@ -179,6 +179,28 @@ TEST_F(LineFieldTest, everyOneOfManyLongTextsIsKept)
     EXPECT_TRUE(isWhole(one));
 }
 
+TEST_F(LineFieldTest, manyLongTextsInTheMiddleKeepTheirOrder)
+{
+    const QString one(20000, u'\u00e4');
+    field.setWholeText(QStringLiteral("[]"));
+    field.setCursorPosition(1);
+    for (int i = 0; i < kMany; ++i)
+        paste(one);
+
+    EXPECT_TRUE(isWhole(u'[' + one.repeated(kMany) + u']'));
+}
+
+TEST_F(LineFieldTest, aWordIsShownInALongTextToo)
+{
+    field.setWholeText(longText);
+    press(Qt::Key_Home);
+
+    paste(QStringLiteral("word "));
+
+    EXPECT_TRUE(field.text().startsWith(QStringLiteral("word ")));
+    EXPECT_TRUE(isWhole(QStringLiteral("word ") + longText));
+}
+
 TEST_F(LineFieldTest, aLongTextIsNotCutInsideAPair)
 {
     for (const qsizetype before : {16382, 16383, 16384}) {

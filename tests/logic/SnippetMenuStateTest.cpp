@@ -517,6 +517,22 @@ TEST_F(SlowSearch, returnBeforeTheRowIsFoundPastesItWhenItIs)
     EXPECT_EQ(pasteboard.text, "found");
 }
 
+TEST_F(SlowSearch, aMoveAfterReturnTakesItBack)
+{
+    folder(QStringLiteral("needles"));
+    folder(QStringLiteral("hay"));
+    snippet(QStringLiteral("needle"), "found");
+    show(true);
+    menu.searchText = QStringLiteral("need");
+
+    press(kSelect);
+    press(kDown);
+
+    ASSERT_TRUE(waitForAll());
+    EXPECT_FALSE(doPaste.value());
+    EXPECT_TRUE(menu.openItems.value().isEmpty());
+}
+
 TEST_F(SlowSearch, returnActsOnTheFirstOfAllRowsNotOfThoseFoundSoFar)
 {
     folder(QStringLiteral("needles"));
