@@ -44,7 +44,8 @@ std::optional<Shortcut> getShortcut(const Name &name);
 /// Removing where nothing is stored does nothing at all.
 void setShortcut(const std::optional<Shortcut> &shortcut, const Name &name);
 
-/// Puts each name back to its default; a name without one is cleared.
+/// Puts each name back to its default; what stands under a name without one is taken away. Always
+/// announced.
 void reset(const std::vector<Name> &names);
 
 /// Adds a handler for a name, after those it has. Its shortcut is registered if it is not yet.

@@ -7,7 +7,7 @@
 
 namespace KeyboardShortcuts {
 
-/// The notification's name, and the key of its one entry of user info.
+/// The notification's name. What it carries, `name`, is the signal's argument.
 inline constexpr auto KeyboardShortcuts_shortcutByNameDidChange =
     "KeyboardShortcuts_shortcutByNameDidChange";
 

@@ -265,7 +265,9 @@ void AddSnippet::fillPicker()
 
 void AddSnippet::showChoice()
 {
-    m_folder->setCurrentIndex(m_folder->findData(selectedFolder.value()));
+    // Of two folders with one number the chosen one stays.
+    if (m_folder->currentIndex() < 0 || m_folder->currentData().toInt() != selectedFolder.value())
+        m_folder->setCurrentIndex(m_folder->findData(selectedFolder.value()));
     const bool isNew = selectedFolder.value() == folderChoice::kCreateNew;
     m_captions.back()->setVisible(isNew);
     m_newFolder->setVisible(isNew);

@@ -79,8 +79,9 @@ void LibraryFiles::undoImport()
     if (!m_undo)
         return;
     const auto undo = std::move(m_undo);
-    if (undo->undo(m_state.viewContext))
-        m_state.rebuild();
+    // What was not written stays changed, and the next save writes it.
+    static_cast<void>(undo->undo(m_state.viewContext));
+    m_state.rebuild();
 }
 
 void LibraryFiles::tell(const QString &what, const QString &why)

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <span>
+#include <vector>
 
 namespace platform {
 

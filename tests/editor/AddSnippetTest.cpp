@@ -167,6 +167,18 @@ TEST_F(AddSnippetTest, thePickerOffersTheFoldersInOrder)
     EXPECT_EQ(picker().currentText(), QStringLiteral("None"));
 }
 
+TEST_F(AddSnippetTest, theSecondOfTwoFoldersWithOneNumberCanBeChosen)
+{
+    addItem("one", 7, true);
+    addItem("two", 7, true);
+    show();
+
+    choose("two");
+
+    EXPECT_EQ(picker().currentText(), QStringLiteral("two"));
+    EXPECT_EQ(form->selectedFolder.value(), 7);
+}
+
 TEST_F(AddSnippetTest, withNoneTheSnippetIsTheFirst)
 {
     addItem("a", 0);

@@ -4,6 +4,7 @@
 import pytest
 
 from conftest import IS_LONG
+from menus import open_by_second_start, open_panel
 from support.desktop import START_BOUND, support_path
 from support.editor_window import TitledWindow, folder, snippet, stored, wait_for_store
 from support.quillery import ADD, APPLICATION
@@ -114,6 +115,25 @@ def test_the_shortcut_copies_once_while_its_keys_are_held(each_desktop, new_user
         each_desktop.type_text("small")
         form.wait_for_texts("small", TEXT)
         assert target.text() == TEXT.encode()
+
+
+@pytest.mark.parametrize("open_menu", [open_panel, open_by_second_start])
+def test_quick_add_opens_an_empty_form_in_front(each_desktop, new_user, open_menu):
+    with new_user(each_desktop) as user, GtkTarget(each_desktop) as target:
+        each_desktop.copy("not for the form")
+        wait_until(lambda: user.contents() == [b"not for the form"], START_BOUND, "the copy is recorded")
+        open_menu(user)
+        user.click_on("Quick Add...", "list item")
+        user.wait_gone()
+        form = Form(user).wait_in_front()
+        form.wait_for_texts("", "")
+        each_desktop.type_text("Written")
+        form.wait_for_texts("Written", "")
+        each_desktop.key("Return")
+
+        form.wait_gone()
+        wait_for_store(user, [snippet(0, "Written", "")])
+        assert target.text() == b""
 
 
 def test_the_button_saves_at_the_top(desktop, new_user):
