@@ -70,9 +70,11 @@ def test_without_a_bus_a_second_start_ends_too(desktops, new_user):
     with new_user(desktop) as user:
         first = user.process.pid
 
-        assert user.start_second() == 0
+        open_by_second_start(user)
 
         assert user.is_running() and user.process.pid == first
+        desktop.key("Escape")
+        user.wait_gone()
         user.summon()
 
 
