@@ -550,8 +550,12 @@ def test_rows_out_of_view_are_known_too_and_tell_their_folder(desktop, new_user)
             library.toggle("Box")
         wait_until(lambda: "0" in library.rows(), START_BOUND, "the folder is open")
 
-        known = user.desktop.accessibility.controls(APPLICATION, role="list item", showing=False)
-        assert [row.name for row in known] == ["Box", *many]
+        def known_rows():
+            return user.desktop.accessibility.controls(APPLICATION, role="list item", showing=False)
+
+        # While the rows slide in, the tree changes under the one who reads it.
+        wait_until(lambda: [row.name for row in known_rows()] == ["Box", *many], START_BOUND, "all rows")
+        known = known_rows()
         assert 5 < len(library.rows()) < 40
         assert {row.parent for row in known[1:]} == {"Box"}
         assert known[0].parent == "Snippets"
