@@ -211,14 +211,25 @@ void AddSnippet::takeText()
     text = m_pasteboard.string().value_or(QByteArray());
 }
 
-// What was copied for this form may still have been on its way when the form appeared. Copies that
-// are made while another window is in use are not for it.
+// What was copied for this form may still have been on its way when the form appeared.
 void AddSnippet::takeLateText()
 {
-    if (doCopy && !m_isTextTouched && isActiveWindow() && m_sinceAppeared.isValid() &&
-        m_pasteboard.string() &&
+    if (doCopy && !m_isTextTouched && m_sinceAppeared.isValid() && m_pasteboard.string() &&
         !m_sinceAppeared.hasExpired(std::chrono::milliseconds(kLateText).count()))
         takeText();
+}
+
+// Copies that the user goes elsewhere to make are not for this form. What was copied for it may
+// come before the form is in use.
+void AddSnippet::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    if (isActiveWindow())
+        m_wasInUse = true;
+    else if (m_wasInUse)
+        m_isTextTouched = true;
 }
 
 bool AddSnippet::eventFilter(QObject *watched, QEvent *event)

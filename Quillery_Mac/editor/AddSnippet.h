@@ -66,6 +66,7 @@ public:
 protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -104,4 +105,5 @@ private:
     QElapsedTimer m_sinceAppeared; ///< not started before
     bool m_isTextTouched = false;
     bool m_isAdded = false;
+    bool m_wasInUse = false;
 };

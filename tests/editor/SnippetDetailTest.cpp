@@ -230,7 +230,7 @@ TEST_F(SnippetDetailTest, aSaveThatIsPutOffAndThenFailsIsFatalWhenTheEditorIsLon
         std::fputs("gone\n", stderr);
         other.exec("DROP TABLE Snippet");
         other.exec("COMMIT");
-        QTest::qWait(30000);
+        QTest::qWait(30000); // the put-off save ends the program long before
     };
 
     EXPECT_DEATH(disappearWhileAnotherWrites(),
