@@ -63,8 +63,15 @@ class Target:
         return self.desktop.server.has_focus(self.window_id)
 
     def focus(self):
-        """Clicks into the field, as a user does, until the keyboard is there."""
-        self.desktop.click(*self.window().centre)
+        """Clicks into the field, as a user does, until the keyboard is there.
+
+        A window that has just come up may have it before the click: a window manager that acts on
+        the click only later would take the keyboard from what is opened meanwhile.
+        """
+        x, y = self.window().centre
+        self.desktop.click(x, y)
+        self.desktop.move_pointer(x + 1, y)  # it comes after the click, and is waited for
+        self.desktop.server.window_manager_answers(START_BOUND)
         wait_until(self.has_focus, START_BOUND, f"{self.name} has the focus")
 
     def place(self, x, y):

@@ -3,8 +3,10 @@
 
 import contextlib
 
-from Xlib import X, XK, Xatom, display, error
+from Xlib import X, XK, Xatom, display, error, protocol
 from Xlib.ext import xtest
+
+from support.waiting import wait_until
 
 SHIFT_LEVEL = 1  # column of the shifted character in the server's key map
 
@@ -146,6 +148,26 @@ class Server:
         that is not as far yet (openbox) may lose a window that is mapped now."""
         return (self.root.get_full_property(self.atom("_NET_SUPPORTING_WM_CHECK"), Xatom.WINDOW) is not None
                 and self.root.get_full_property(self.atom("_NET_CURRENT_DESKTOP"), Xatom.CARDINAL) is not None)
+
+    def window_manager_answers(self, bound):
+        """Has the window manager, if there is one, answer a question, and waits for it: what it was
+        told before, such as a click on a window, it has acted on by then.
+
+        Extended Window Manager Hints, _NET_REQUEST_FRAME_EXTENTS: it answers with a property.
+        """
+        if not self.has_window_manager():
+            return
+        extents = self.atom("_NET_FRAME_EXTENTS")
+        asker = self.root.create_window(-1, -1, 1, 1, 0, X.CopyFromParent)
+        try:
+            question = protocol.event.ClientMessage(
+                window=asker, client_type=self.atom("_NET_REQUEST_FRAME_EXTENTS"), data=(32, [0] * 5))
+            self.root.send_event(question, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+            wait_until(lambda: asker.get_full_property(extents, Xatom.CARDINAL), bound,
+                       "the window manager answers")
+        finally:
+            asker.destroy()
+            self.display.sync()
 
     # -- selections ---------------------------------------------------------------------------
 
