@@ -158,6 +158,12 @@ qsizetype ManagedObjectContext::contentSize(const ManagedObject &object) const
     const Entity &entity = object.entity();
     if (object.m_isInserted || (object.m_dirty & (1U << entity.contentAttribute)))
         return object.optionalValue<QByteArray>(entity.contentAttribute).value_or("").size();
+    return sizeInFile(object);
+}
+
+qsizetype ManagedObjectContext::sizeInFile(const ManagedObject &object) const
+{
+    const Entity &entity = object.entity();
     StoreConnection *file = connection(entity.store);
     if (!file)
         return 0;

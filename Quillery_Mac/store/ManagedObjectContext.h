@@ -31,8 +31,8 @@ struct ObjectChanges
     bool concerns(const Entity &entity) const;
 };
 
-/// What became of a save: the changes are in the files, or will be as soon as another write that is
-/// under way is over.
+/// What became of a save: the changes are in the files, or will be as soon as a long write in the
+/// background is over.
 enum class Saved { Now, Later };
 
 /// A scratch pad over the stores: unique objects, changes that stay here until save(). Made by the
@@ -84,10 +84,11 @@ public:
     /// another context changed the same attribute meanwhile, ours stays; an object that was deleted
     /// meanwhile stays deleted, which is no error.
     ///
-    /// The view context does not keep the main thread waiting for a long write of another context:
-    /// it answers Saved::Later, the objects stay changed, and the container saves them, with what
-    /// has changed since, when that write is over; didSave() or putOffSaveFailed() tells. A
-    /// background context waits and always answers Saved::Now.
+    /// The view context does not keep the main thread waiting for a long write of another context,
+    /// nor for long texts that leave the file: it answers Saved::Later, the objects stay changed,
+    /// and the container saves them, with what has changed since, when that write is over;
+    /// didSave() or putOffSaveFailed() tells. A background context waits and always answers
+    /// Saved::Now.
     /// Errors: Unavailable if a changed object's store is not loaded, Io if the file cannot be
     /// written, TimedOut if another program keeps it locked. What was not written stays changed,
     /// and a later save writes it.
@@ -129,12 +130,21 @@ private:
     std::optional<QByteArray> content(const ManagedObject &object) const;
     TextPreview preview(const ManagedObject &object) const;
     qsizetype contentSize(const ManagedObject &object) const;
+    /// The length of the content that the file holds, whatever stands here.
+    qsizetype sizeInFile(const ManagedObject &object) const;
     /// A setter changed an attribute of an object of ours.
     void noteChange(ManagedObject &object);
 
     enum class WhenBusy { PutOff, Fail };
 
+    platform::Result<Saved> saveOrPutOff(StoreKind kind);
     platform::Result<Saved> saveStore(StoreKind kind, WhenBusy whenBusy);
+    Saved putOff(StoreKind kind);
+    bool deletesLongTexts(StoreKind kind) const;
+    /// The rows that a save of this store deletes, which was put off; empty if none was. A
+    /// background context takes them out of the file by deleteAndSave().
+    std::vector<qint64> putOffDeletions(StoreKind kind) const;
+    void deleteAndSave(StoreKind kind, const std::vector<qint64> &objectIds);
     /// Saves what was put off.
     void savePutOff(WhenBusy whenBusy);
     void writeStore(StoreConnection &file, ObjectTable &objects);

@@ -7,6 +7,7 @@
 #include "Quillery_Mac/store/MergeQueue.h"
 #include "Quillery_Mac/store/ObjectTable.h"
 #include "Quillery_Mac/store/ObjectWriter.h"
+#include "Quillery_Mac/store/RowFormat.h"
 #include "Quillery_Mac/store/StoreConnection.h"
 #include "Quillery_Mac/store/TransactionCounter.h"
 #include "platform/log/Log.h"
@@ -18,19 +19,76 @@
 
 using platform::Error;
 
+namespace {
+
+// In bytes, all texts that one save deletes. The file gives up some 600 MB a second (measured with
+// 50 MB: 80 ms), so that less than this keeps nobody.
+constexpr qsizetype kLongDeletion = 1 << 20;
+
+} // namespace
+
 platform::Result<Saved> ManagedObjectContext::save()
 {
-    const WhenBusy whenBusy = m_role == Role::View ? WhenBusy::PutOff : WhenBusy::Fail;
     platform::Result<Saved> result = Saved::Now;
     for (const StoreKind kind : kStoreKinds) {
-        // The container saves it; another try would only keep the main thread.
-        const platform::Result<Saved> saved =
-            m_isPutOff[static_cast<std::size_t>(kind)] ? Saved::Later : saveStore(kind, whenBusy);
+        const platform::Result<Saved> saved = saveOrPutOff(kind);
         // The first error counts, and any error for more than a save that was put off.
         if (result && (!saved || *saved == Saved::Later))
             result = saved;
     }
     return result;
+}
+
+platform::Result<Saved> ManagedObjectContext::saveOrPutOff(StoreKind kind)
+{
+    if (m_role == Role::Background)
+        return saveStore(kind, WhenBusy::Fail);
+    // The container saves it; another try would only keep the main thread.
+    if (m_isPutOff[static_cast<std::size_t>(kind)])
+        return Saved::Later;
+    return deletesLongTexts(kind) ? putOff(kind) : saveStore(kind, WhenBusy::PutOff);
+}
+
+Saved ManagedObjectContext::putOff(StoreKind kind)
+{
+    m_isPutOff[static_cast<std::size_t>(kind)] = true;
+    emit saveWasPutOff();
+    return Saved::Later;
+}
+
+bool ManagedObjectContext::deletesLongTexts(StoreKind kind) const
+{
+    qsizetype bytes = 0;
+    for (const ManagedObject *object : m_tables[static_cast<std::size_t>(kind)]->changed()) {
+        if (object->m_isDeletePending)
+            bytes += sizeInFile(*object);
+        if (bytes >= kLongDeletion)
+            return true;
+    }
+    return false;
+}
+
+std::vector<qint64> ManagedObjectContext::putOffDeletions(StoreKind kind) const
+{
+    std::vector<qint64> objectIds;
+    if (!m_isPutOff[static_cast<std::size_t>(kind)])
+        return objectIds;
+    for (const ManagedObject *object : m_tables[static_cast<std::size_t>(kind)]->changed()) {
+        if (object->m_isDeletePending)
+            objectIds.push_back(object->m_objectId);
+    }
+    return objectIds;
+}
+
+void ManagedObjectContext::deleteAndSave(StoreKind kind, const std::vector<qint64> &objectIds)
+{
+    for (const qint64 objectId : objectIds) {
+        if (ManagedObject *object = findObject(entityOf(kind), objectId))
+            deleteObject(*object);
+    }
+    // What fails here the main thread tries again, and tells.
+    if (const auto saved = save(); !saved)
+        qCWarning(logStore) << saved.error().text;
 }
 
 void ManagedObjectContext::savePutOff(WhenBusy whenBusy)
@@ -62,9 +120,7 @@ platform::Result<Saved> ManagedObjectContext::saveStore(StoreKind kind, WhenBusy
     } catch (const SQLite::Exception &error) {
         if (whenBusy == WhenBusy::Fail || !StoreConnection::isBusy(error))
             return tl::unexpected(file->failed(error, QStringLiteral("Save")));
-        m_isPutOff[static_cast<std::size_t>(kind)] = true;
-        emit saveWasPutOff();
-        return Saved::Later;
+        return putOff(kind);
     }
     m_notice->keep(objects.takeDeleted());
     emit didSave(kind);

@@ -115,6 +115,7 @@ void PersistentContainer::finishTasks()
 
 void PersistentContainer::saveWhenWritable()
 {
+    deletePutOff();
     if (std::exchange(m_isWaitingForWriters, true))
         return;
     m_background->add([this] {
@@ -122,6 +123,22 @@ void PersistentContainer::saveWhenWritable()
         QMetaObject::invokeMethod(
             this, [this, areDone] { writersAreDone(areDone); }, Qt::QueuedConnection);
     });
+}
+
+void PersistentContainer::deletePutOff()
+{
+    for (const StoreKind kind : kStoreKinds) {
+        const std::vector<qint64> objectIds = m_viewContext->putOffDeletions(kind);
+        if (objectIds.empty())
+            continue;
+        const auto deletion = [kind, objectIds,
+                               author = m_viewContext->m_author](ManagedObjectContext &context) {
+            context.setTransactionAuthor(author);
+            context.deleteAndSave(kind, objectIds);
+        };
+        m_background->add(
+            [this, deletion] { runTask(deletion, &PersistentStore::backgroundConnection); });
+    }
 }
 
 bool PersistentContainer::waitForWriters()

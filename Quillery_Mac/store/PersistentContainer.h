@@ -16,8 +16,9 @@ class PersistentStore;
 /// The stores, the context that all views share, and background work on the stores. Created, used
 /// and destroyed on the main thread; destroying it waits for the background tasks.
 ///
-/// A save of the view context that met a long write is put off. The container then sends a turn
-/// through the background thread: when that comes up, behind the write, the main thread saves.
+/// A save of the view context that met a long write, or would be one, as it deletes long texts, is
+/// put off. The container then sends a turn through the background thread, which deletes what the
+/// save is to delete: when that comes up, behind the write, the main thread saves the rest.
 /// Tasks given meanwhile are held back until then, so that a task sees what was saved before it was
 /// given, also what was put off, and no stream of tasks can put the save off for ever. A file that
 /// another program keeps locked makes that save fail.
@@ -71,6 +72,8 @@ private:
     using ConnectionOf = StoreConnection *(PersistentStore::*)();
     void runTask(const Task &task, ConnectionOf connectionOf);
     void saveWhenWritable();
+    /// Takes the rows out of the files that the main thread's saves, put off, are to delete.
+    void deletePutOff();
     void writersAreDone(bool areDone);
     /// Ends the tasks given so far, those held back too.
     void finishTasks();

@@ -2,6 +2,7 @@
 // Saves of the main thread while somebody else writes. The other writer is a second connection that
 // keeps the file's write lock, as the background thread does while it writes a long text.
 #include "Quillery_Mac/store/ManagedObjectContext.h"
+#include "Quillery_Mac/store/PersistentHistory.h"
 
 #include "tests/logic/FullDisk.h"
 #include "tests/logic/StoreTestSupport.h"
@@ -92,6 +93,19 @@ protected:
     std::string titlesInFile() const
     {
         return answer(snippetsFile(), "SELECT coalesce(group_concat(title), '') FROM Snippet");
+    }
+
+    /// Saved; together they are long to delete, each by itself is not.
+    std::vector<Snippet *> addLongSnippets() const
+    {
+        std::vector<Snippet *> snippets;
+        for (qint16 order = 1; order <= 3; ++order) {
+            snippets.push_back(
+                addSnippet(QStringLiteral("long"), order, QByteArray(400 * 1024, 'x')));
+        }
+        EXPECT_EQ(view().save(), Saved::Now);
+        container().waitForBackgroundTasks();
+        return snippets;
     }
 
     std::unique_ptr<SQLite::Database> other;
@@ -255,6 +269,77 @@ TEST_F(PutOffSaveTest, aFileThatCannotBeWrittenAfterwardsIsToldOnceAndNotTriedAg
 
     EXPECT_EQ(view().save(), Saved::Now);
     EXPECT_EQ(titlesInFile(), "mine");
+}
+
+TEST_F(PutOffSaveTest, longTextsAreDeletedInTheBackground)
+{
+    const std::vector<Snippet *> snippets = addLongSnippets();
+    PersistentHistory &history = container().history(StoreKind::Snippets);
+    ASSERT_TRUE(history.addConsumer(QStringLiteral("test")));
+    const qint64 before = *history.currentTransaction();
+    QSignalSpy failed(&view(), &ManagedObjectContext::putOffSaveFailed);
+
+    addSnippet(mine, 4);
+    for (Snippet *snippet : snippets)
+        view().deleteObject(*snippet);
+    EXPECT_EQ(view().save(), Saved::Later);
+    EXPECT_EQ(titlesInFile(), "long,long,long") << "not by the main thread";
+    EXPECT_EQ(titles(view().fetch<Snippet>()), std::vector{mine});
+
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !view().hasChanges(); }));
+    EXPECT_EQ(titlesInFile(), "mine");
+    EXPECT_EQ(titles(view().fetch<Snippet>()), std::vector{mine});
+    EXPECT_EQ(failed.count(), 0);
+    std::size_t deleted = 0;
+    const auto transactions = history.transactionsAfter(before);
+    ASSERT_TRUE(transactions);
+    for (const HistoryTransaction &transaction : *transactions) {
+        for (const HistoryChange &change : transaction.changes)
+            deleted += change.kind == HistoryChange::Kind::Deleted ? change.objects.size() : 0;
+    }
+    EXPECT_EQ(deleted, snippets.size());
+}
+
+TEST_F(PutOffSaveTest, aTextThatIsNotLongIsDeletedAtOnce)
+{
+    const std::vector<Snippet *> snippets = addLongSnippets();
+    view().deleteObject(*snippets.at(0));
+
+    EXPECT_EQ(view().save(), Saved::Now);
+    EXPECT_EQ(titlesInFile(), "long,long");
+}
+
+TEST_F(PutOffSaveTest, theEndOfTheProgramDeletesLongTextsToo)
+{
+    for (Snippet *snippet : addLongSnippets())
+        view().deleteObject(*snippet);
+    EXPECT_EQ(view().save(), Saved::Later);
+
+    close();
+
+    EXPECT_EQ(titlesInFile(), "");
+}
+
+TEST_F(PutOffSaveTest, aFullDiskKeepsLongTextsAndALaterSaveDeletesThem)
+{
+    for (Snippet *snippet : addLongSnippets())
+        view().deleteObject(*snippet);
+    std::vector<platform::Error::Kind> told;
+    QObject::connect(&view(), &ManagedObjectContext::putOffSaveFailed, &view(),
+                     [&told](const platform::Error &error) { told.push_back(error.kind); });
+    {
+        const FullDisk disk;
+        EXPECT_EQ(view().save(), Saved::Later);
+        container().waitForBackgroundTasks();
+    }
+    EXPECT_EQ(told, std::vector{platform::Error::Kind::Io});
+    EXPECT_EQ(titlesInFile(), "long,long,long");
+    EXPECT_TRUE(view().hasChanges());
+
+    EXPECT_EQ(view().save(), Saved::Later);
+    container().waitForBackgroundTasks();
+    EXPECT_EQ(titlesInFile(), "");
+    EXPECT_FALSE(view().hasChanges());
 }
 
 TEST_F(PutOffSaveTest, aBackgroundSaveWaits)
