@@ -22,7 +22,10 @@ STATES = ("SHOWING", "VISIBLE", "FOCUSED", "SELECTED", "CHECKED", "EXPANDED", "E
 
 def children(node):
     for index in range(node.get_child_count()):
-        child = node.get_child_at_index(index)
+        try:
+            child = node.get_child_at_index(index)
+        except GLib.Error:
+            continue  # gone while we looked
         if child is not None:
             yield child
 
@@ -40,9 +43,17 @@ def walk(node, depth=0):
 
 def nodes(request):
     for application in children(Atspi.get_desktop(0)):
-        application.clear_cache()
-        if application.get_name().lower() == request["application"].lower():
+        if name_of(application).lower() == request["application"].lower():
             yield from walk(application)
+
+
+def name_of(application):
+    """Empty for one that has just ended: it is listed a little longer."""
+    try:
+        application.clear_cache()
+        return application.get_name()
+    except GLib.Error:
+        return ""
 
 
 def description(node):
@@ -94,7 +105,7 @@ def text(request):
 
 
 def applications(_request):
-    return [application.get_name() for application in children(Atspi.get_desktop(0))]
+    return [name_of(application) for application in children(Atspi.get_desktop(0))]
 
 
 def main():
