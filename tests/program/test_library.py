@@ -239,7 +239,9 @@ def grip_text(library):
     library.click("Beta")
     library.wait_for_texts("Beta", "second")
     library.desktop.key("ctrl+a")
-    text = max(library.desktop.accessibility.controls(APPLICATION, role="text"), key=lambda field: field.height)
+    fields = wait_until(lambda: library.desktop.accessibility.controls(APPLICATION, role="text"),
+                        START_BOUND, "the editor's fields show")
+    text = max(fields, key=lambda field: field.height)
     return text.x + FIRST_LINE[0], text.y + FIRST_LINE[1]
 
 

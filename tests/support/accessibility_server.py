@@ -41,8 +41,20 @@ def walk(node, depth=0):
         return  # gone while we looked
 
 
+def applications_now():
+    """All that there are at one moment: while one goes, another may be missed. Nor as they were at
+    the last look, where one that has gone would stand in the place of another."""
+    desktop = Atspi.get_desktop(0)
+    while True:
+        desktop.clear_cache()
+        count = desktop.get_child_count()
+        found = list(children(desktop))
+        if len(found) == count == desktop.get_child_count():
+            return found
+
+
 def nodes(request):
-    for application in children(Atspi.get_desktop(0)):
+    for application in applications_now():
         if name_of(application).lower() == request["application"].lower():
             yield from walk(application)
 
@@ -105,7 +117,7 @@ def text(request):
 
 
 def applications(_request):
-    return [name_of(application) for application in children(Atspi.get_desktop(0))]
+    return [name_of(application) for application in applications_now()]
 
 
 def main():
