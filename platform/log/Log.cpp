@@ -12,6 +12,7 @@ Q_LOGGING_CATEGORY(logWindows, "windows")
 Q_LOGGING_CATEGORY(logKeyboard, "keyboard")
 Q_LOGGING_CATEGORY(logStore, "store")
 Q_LOGGING_CATEGORY(logApp, "app")
+Q_LOGGING_CATEGORY(logLogin, "login")
 
 namespace platform {
 
