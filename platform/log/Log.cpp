@@ -13,6 +13,7 @@ Q_LOGGING_CATEGORY(logKeyboard, "keyboard")
 Q_LOGGING_CATEGORY(logStore, "store")
 Q_LOGGING_CATEGORY(logApp, "app")
 Q_LOGGING_CATEGORY(logLogin, "login")
+Q_LOGGING_CATEGORY(logLaunchAtLogin, "com.tarnwick.LaunchAtLogin/main")
 
 namespace platform {
 
