@@ -23,14 +23,11 @@ using Callback = std::function<void(const Shortcut &shortcut)>;
 inline constexpr quint32 kSignature = 0x54574B53;
 
 /// Answers of the event handler.
-inline constexpr qint32 noErr = 0;
-inline constexpr qint32 eventNotHandledErr = -9874;
+using platform::eventNotHandledErr;
+using platform::noErr;
 inline constexpr qint32 eventParameterNotFoundErr = -9870;
 
-inline constexpr auto hotKeyEventTypes = std::to_array<platform::HotkeyEventType>({
-    {platform::HotkeyEventType::kKeyboardClass, platform::HotkeyEventType::kHotkeyPressed},
-    {platform::HotkeyEventType::kKeyboardClass, platform::HotkeyEventType::kHotkeyReleased},
-});
+using platform::hotKeyEventTypes;
 inline constexpr auto rawKeyEventTypes = std::to_array<platform::HotkeyEventType>({
     {platform::HotkeyEventType::kKeyboardClass, platform::HotkeyEventType::kRawKeyDown},
     {platform::HotkeyEventType::kKeyboardClass, platform::HotkeyEventType::kRawKeyUp},

@@ -41,7 +41,7 @@ bool HotkeyHandlers::deliver(const HotkeyEvent &event) const
             wanting.push_back(installed->handler);
     }
     return std::ranges::any_of(
-        wanting, [&event](const HotkeyHandler &handler) { return handler(&event) == 0; });
+        wanting, [&event](const HotkeyHandler &handler) { return handler(&event) == noErr; });
 }
 
 HotkeyHandlers::Installed *HotkeyHandlers::find(HotkeyHandlerRef handler)

@@ -6,6 +6,7 @@
 
 #include <QtGlobal>
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <span>
@@ -38,6 +39,12 @@ struct HotkeyEventType
     friend bool operator==(const HotkeyEventType &, const HotkeyEventType &) = default;
 };
 
+/// The two events of a hot key.
+inline constexpr auto hotKeyEventTypes = std::to_array<HotkeyEventType>({
+    {HotkeyEventType::kKeyboardClass, HotkeyEventType::kHotkeyPressed},
+    {HotkeyEventType::kKeyboardClass, HotkeyEventType::kHotkeyReleased},
+});
+
 /// One event on its way to the handlers. Hot-key events carry `hotkeyId`, raw key events carry the
 /// other two; what an event does not carry is none.
 struct HotkeyEvent
@@ -61,7 +68,12 @@ struct HotkeyModifier
 enum class HotkeyRef : quint64 {};
 enum class HotkeyHandlerRef : quint64 {};
 
-/// Answers 0 for an event that it took; any other number passes the event on to the next handler.
+/// Answers of a handler.
+inline constexpr qint32 noErr = 0;
+inline constexpr qint32 eventNotHandledErr = -9874;
+
+/// Answers noErr for an event that it took; any other number passes the event on to the next
+/// handler.
 using HotkeyHandler = std::function<qint32(const HotkeyEvent *event)>;
 
 /// Keys that reach this program whatever window has the keyboard.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "KeyboardShortcuts/Modifiers.h"
+#include "platform/keyboard/Modifiers.h"
 
 #include <array>
 
-namespace KeyboardShortcuts {
+namespace platform {
 
 namespace {
 
@@ -49,4 +49,4 @@ Modifiers desktopModifiers(Qt::KeyboardModifiers modifiers)
     return result;
 }
 
-} // namespace KeyboardShortcuts
+} // namespace platform

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "KeyboardShortcuts/ShortcutText.h"
+#include "platform/keyboard/ShortcutText.h"
 
 #include "platform/keyboard/KeyboardLayout.h"
 
 #include <algorithm>
 
-namespace KeyboardShortcuts {
+namespace platform {
 
 namespace {
 
@@ -39,7 +39,7 @@ QString modifierSymbols(Modifiers modifiers)
     return symbols;
 }
 
-std::optional<QString> keyText(qint64 keyCode, platform::KeyboardLayout *layout)
+std::optional<QString> keyText(qint64 keyCode, KeyboardLayout *layout)
 {
     const auto special = std::ranges::find(kSpecialKeys, keyCode, &SpecialKey::keyCode);
     if (special != kSpecialKeys.end())
@@ -49,7 +49,7 @@ std::optional<QString> keyText(qint64 keyCode, platform::KeyboardLayout *layout)
     return layout->keyText(static_cast<int>(keyCode));
 }
 
-QString displayedKeyText(qint64 keyCode, platform::KeyboardLayout *layout)
+QString displayedKeyText(qint64 keyCode, KeyboardLayout *layout)
 {
     const std::optional<QString> text = keyText(keyCode, layout);
     return text ? capitalised(*text) : QString(QChar(QChar::ReplacementCharacter));
@@ -67,4 +67,4 @@ QString capitalised(const QString &text)
     return result;
 }
 
-} // namespace KeyboardShortcuts
+} // namespace platform
