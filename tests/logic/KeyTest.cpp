@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "KeyboardShortcuts/Key.h"
 
+#include "hotkey/Key.h"
+
+#include <QString>
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -27,6 +31,25 @@ class KeyTest : public ::testing::TestWithParam<Row>
 TEST_P(KeyTest, hasItsCode)
 {
     EXPECT_EQ(GetParam().key.rawValue, GetParam().code);
+}
+
+TEST_P(KeyTest, isFoundByItsNameInAnyCase)
+{
+    const QString name = QString::fromLatin1(GetParam().name);
+
+    for (const QString &text : {name, name.toLower(), name.toUpper()}) {
+        const auto key = hotkey::Key::fromString(text);
+        ASSERT_TRUE(key.has_value()) << qPrintable(text);
+        EXPECT_EQ(key->carbonKeyCode(), GetParam().code);
+    }
+}
+
+TEST_P(KeyTest, isFoundByItsCode)
+{
+    const auto key = hotkey::Key::fromCarbonKeyCode(static_cast<quint32>(GetParam().code));
+
+    ASSERT_TRUE(key.has_value());
+    EXPECT_EQ(key->carbonKeyCode(), GetParam().code);
 }
 
 INSTANTIATE_TEST_SUITE_P(
