@@ -1,27 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "platform/defaults/Defaults.h"
 
+#include "platform/defaults/SettingsValue.h"
+#include "platform/log/Log.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QStandardPaths>
+#include <QStringList>
 
 #include <cmath>
+#include <utility>
 
 namespace platform {
 
+namespace {
+
+std::optional<QString> textOf(const std::optional<QByteArray> &value)
+{
+    return value ? textOfSettingsValue(*value) : std::nullopt;
+}
+
+} // namespace
+
 Defaults::Defaults(const QString &file, QObject *parent)
     : QObject(parent)
+    , m_file(file)
 {
-    QDir().mkpath(QFileInfo(file).absolutePath());
-    m_settings = std::make_unique<QSettings>(file, QSettings::IniFormat);
-    m_known = snapshot();
+    QDir().mkpath(QFileInfo(m_file).absolutePath());
+    read();
+    m_announced = m_text.settings();
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &Defaults::fileChanged);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &Defaults::fileChanged);
     watch();
 }
-
-Defaults::~Defaults() = default;
 
 QString Defaults::standardFile()
 {
@@ -31,16 +45,12 @@ QString Defaults::standardFile()
 
 bool Defaults::contains(const QString &key) const
 {
-    return m_settings->contains(key);
+    return m_text.settings().contains(key);
 }
 
 std::optional<QString> Defaults::string(const QString &key) const
 {
-    const QVariant value = m_settings->value(key);
-    // A comma in a value that was written by hand makes QSettings see a list.
-    if (!value.isValid() || value.typeId() == QMetaType::QStringList)
-        return std::nullopt;
-    return value.toString();
+    return textOf(value(key));
 }
 
 bool Defaults::boolean(const QString &key, bool fallback) const
@@ -60,7 +70,7 @@ double Defaults::number(const QString &key, double fallback) const
         return fallback;
     bool isNumber = false;
     const double value = text->trimmed().toDouble(&isNumber);
-    return isNumber ? value : fallback;
+    return isNumber || std::isinf(value) ? value : fallback;
 }
 
 void Defaults::setString(const QString &key, const QString &value)
@@ -70,70 +80,122 @@ void Defaults::setString(const QString &key, const QString &value)
 
 void Defaults::setBoolean(const QString &key, bool value)
 {
-    store(key, value);
+    store(key, value ? QStringLiteral("true") : QStringLiteral("false"));
 }
 
 void Defaults::setNumber(const QString &key, double value)
 {
-    store(key, value);
+    store(key, QString::number(value, 'g', QLocale::FloatingPointShortest));
 }
 
 void Defaults::remove(const QString &key)
 {
-    if (!contains(key))
-        return;
-    m_settings->remove(key);
-    m_settings->sync();
-    m_known.remove(key);
-    watch();
-    emit changed(key);
+    if (contains(key))
+        change(key, std::nullopt);
 }
 
-void Defaults::store(const QString &key, const QVariant &value)
+Defaults::Value Defaults::value(const QString &key) const
 {
-    if (contains(key) && m_settings->value(key).toString() == value.toString())
-        return;
-    m_settings->setValue(key, value);
-    m_settings->sync();
-    m_known.insert(key, m_settings->value(key));
+    const auto found = m_text.settings().constFind(key);
+    return found == m_text.settings().cend() ? std::nullopt : Value(*found);
+}
+
+void Defaults::store(const QString &key, const QString &text)
+{
+    if (string(key) != text)
+        change(key, settingsValueOf(text));
+}
+
+// The file may have changed since it was read last; the watcher tells later.
+void Defaults::change(const QString &key, const Value &value)
+{
+    m_unsaved.insert(key, value);
+    const bool isKnown = read();
+    apply(key, value);
+    if (isKnown && write())
+        m_unsaved.clear();
+    else
+        qCWarning(logApp).noquote() << "Settings cannot be written:" << m_file;
     watch();
+    if (value)
+        m_announced.insert(key, *value);
+    else
+        m_announced.remove(key);
     emit changed(key);
 }
 
-// Editors and QSettings replace the file, which ends a watch on it: the folder is watched too, and
-// the file's watch is set up anew after every change.
+void Defaults::apply(const QString &key, const Value &value)
+{
+    if (value)
+        m_text.set(key, *value);
+    else
+        m_text.remove(key);
+}
+
+/// @return false if there is something that cannot be read, and so must not be replaced
+bool Defaults::read()
+{
+    // Only a file is opened: a pipe would keep us waiting.
+    const QFileInfo info(m_file);
+    if (!info.isFile())
+        return !info.exists();
+    QFile file(m_file);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = file.readAll();
+    if (bytes.isEmpty() || bytes == m_bytes)
+        return true;
+    m_bytes = bytes;
+    m_text = SettingsText(bytes);
+    for (auto entry = m_unsaved.cbegin(); entry != m_unsaved.cend(); ++entry)
+        apply(entry.key(), entry.value());
+    return true;
+}
+
+// Without flush() the toolkit takes a write that a full disk has cut short for a success.
+bool Defaults::write()
+{
+    const QByteArray bytes = m_text.bytes();
+    QDir().mkpath(QFileInfo(m_file).absolutePath());
+    QSaveFile file(m_file);
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
+                           file.flush() && file.commit();
+    if (isWritten)
+        m_bytes = bytes;
+    return isWritten;
+}
+
+// Editors and our own writes replace the file, which ends a watch on it: the folder is watched too,
+// and the file's watch is set up anew after every change.
 void Defaults::watch()
 {
-    const QString file = m_settings->fileName();
-    const QString folder = QFileInfo(file).absolutePath();
+    const QString folder = QFileInfo(m_file).absolutePath();
     if (QFileInfo::exists(folder) && !m_watcher.directories().contains(folder))
         m_watcher.addPath(folder);
-    if (QFile::exists(file) && !m_watcher.files().contains(file))
-        m_watcher.addPath(file);
+    if (QFileInfo(m_file).isFile() && !m_watcher.files().contains(m_file))
+        m_watcher.addPath(m_file);
 }
 
 void Defaults::fileChanged()
 {
-    m_settings->sync();
+    read();
     watch();
-    const QVariantMap before = std::exchange(m_known, snapshot());
-    QStringList keys = before.keys() + m_known.keys();
-    keys.removeDuplicates();
-    for (const QString &key : std::as_const(keys)) {
-        if (before.value(key).toString() != m_known.value(key).toString() ||
-            before.contains(key) != m_known.contains(key)) {
-            emit changed(key);
-        }
+    const QHash<QString, QByteArray> before = std::exchange(m_announced, m_text.settings());
+    QStringList changes;
+    for (auto entry = m_announced.cbegin(); entry != m_announced.cend(); ++entry) {
+        const auto old = before.constFind(entry.key());
+        const bool isSame =
+            old != before.cend() &&
+            (*old == *entry || textOfSettingsValue(*old) == textOfSettingsValue(*entry));
+        if (!isSame)
+            changes += entry.key();
     }
-}
-
-QVariantMap Defaults::snapshot() const
-{
-    QVariantMap values;
-    const QStringList keys = m_settings->allKeys();
-    for (const QString &key : keys)
-        values.insert(key, m_settings->value(key));
-    return values;
+    for (auto entry = before.cbegin(); entry != before.cend(); ++entry) {
+        if (!m_announced.contains(entry.key()))
+            changes += entry.key();
+    }
+    for (const QString &key : std::as_const(changes))
+        emit changed(key);
 }
 
 } // namespace platform

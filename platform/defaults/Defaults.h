@@ -1,23 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFileSystemWatcher>
-#include <QObject>
-#include <QSettings>
-#include <QString>
-#include <QVariantMap>
+#include "platform/defaults/SettingsText.h"
 
-#include <memory>
+#include <QByteArray>
+#include <QFileSystemWatcher>
+#include <QHash>
+#include <QObject>
+#include <QString>
+
 #include <optional>
 
 namespace platform {
 
 /// The user's defaults: one flat set of keys in `$XDG_CONFIG_HOME/Quillery/Quillery.conf`.
 ///
-/// One object per process, owned by the entry type, main thread only; values() of a background task
-/// are copied out before it starts. Writes replace the file as a whole (a new file, renamed over
-/// the old one). A file that cannot be written keeps the values in memory. Edits of the file by
-/// hand are noticed.
+/// One object per process, owned by the entry type, main thread only; values of a background task
+/// are copied out before it starts. Edits of the file by hand are noticed; a file that is deleted,
+/// emptied or cannot be read any more says nothing, and what it said last holds.
+///
+/// A write changes its own key, keeps everything else that the file says at that moment, and
+/// replaces the file as a whole (a new file, renamed over the old one). What cannot be written is
+/// kept in memory and goes out with the next write.
 class Defaults : public QObject
 {
     Q_OBJECT
@@ -25,19 +29,20 @@ class Defaults : public QObject
 public:
     /// @param file absolute path of the INI file; it and its folder need not exist
     explicit Defaults(const QString &file, QObject *parent = nullptr);
-    ~Defaults() override;
 
     /// The file that the XDG base directories name for this user.
     static QString standardFile();
 
     /// Whether anything at all stands under `key`.
     bool contains(const QString &key) const;
-    /// The text under `key`; none when there is nothing or the value is a list.
+    /// The text under `key`; none when there is nothing or the value is a list or of another type
+    /// that has no text.
     std::optional<QString> string(const QString &key) const;
     /// The truth under `key` ("true", "false", "1", "0"); `fallback` when there is nothing that
     /// reads as one.
     bool boolean(const QString &key, bool fallback) const;
-    /// The number under `key`, infinities and NaN included; `fallback` when there is none.
+    /// The number under `key`, infinities and NaN included, one too large counting as infinite;
+    /// `fallback` when there is nothing, or a text that is no number.
     double number(const QString &key, double fallback) const;
 
     void setString(const QString &key, const QString &value);
@@ -50,14 +55,24 @@ signals:
     void changed(const QString &key);
 
 private:
-    void store(const QString &key, const QVariant &value);
+    /// What is to stand under a key; none for nothing.
+    using Value = std::optional<QByteArray>;
+
+    Value value(const QString &key) const;
+    void store(const QString &key, const QString &text);
+    void change(const QString &key, const Value &value);
+    bool read();
+    bool write();
+    void apply(const QString &key, const Value &value);
     void fileChanged();
     void watch();
-    QVariantMap snapshot() const;
 
-    std::unique_ptr<QSettings> m_settings;
+    const QString m_file;
     QFileSystemWatcher m_watcher;
-    QVariantMap m_known;
+    QByteArray m_bytes; ///< what the file held when it was read or written last
+    SettingsText m_text;
+    QHash<QString, Value> m_unsaved;
+    QHash<QString, QByteArray> m_announced; ///< the settings that listeners know of
 };
 
 } // namespace platform

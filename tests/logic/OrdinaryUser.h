@@ -13,15 +13,17 @@ class OrdinaryUser
 {
 public:
     OrdinaryUser()
+        : m_isRoot(::geteuid() == 0)
     {
-        if (::geteuid() == 0) {
-            EXPECT_EQ(::seteuid(kNobody), 0);
+        // The saved id is the way back.
+        if (m_isRoot) {
+            EXPECT_EQ(::setresuid(kNobody, kNobody, 0), 0);
         }
     }
     ~OrdinaryUser()
     {
-        if (::getuid() == 0) {
-            EXPECT_EQ(::seteuid(0), 0);
+        if (m_isRoot) {
+            EXPECT_EQ(::setresuid(0, 0, 0), 0);
         }
     }
     Q_DISABLE_COPY_MOVE(OrdinaryUser)
@@ -35,4 +37,6 @@ public:
 
 private:
     static constexpr uid_t kNobody = 65534;
+
+    const bool m_isRoot;
 };
