@@ -4,7 +4,6 @@
 #include <QByteArrayView>
 
 #include <algorithm>
-#include <ranges>
 
 namespace platform {
 
@@ -84,8 +83,8 @@ void SettingsText::remove(const QString &key)
 {
     m_settings.remove(key);
     const QList<qsizetype> lines = linesOf(key);
-    for (const qsizetype line : std::views::reverse(lines))
-        m_lines.removeAt(line);
+    for (auto line = lines.crbegin(); line != lines.crend(); ++line)
+        m_lines.removeAt(*line);
 }
 
 // What stands above the first header belongs to the section too.

@@ -128,13 +128,13 @@ private:
 std::optional<QString> withoutType(const QString &text)
 {
     constexpr QLatin1String kString("@String(");
-    if (!text.startsWith(u'@') || !text.endsWith(u')'))
-        return text.startsWith(u"@@") ? text.sliced(1) : text;
     if (text.startsWith(u"@@"))
         return text.sliced(1);
-    if (text.startsWith(kString))
-        return text.sliced(kString.size(), text.size() - kString.size() - 1);
-    return std::nullopt;
+    if (!text.startsWith(u'@') || !text.endsWith(u')'))
+        return text;
+    if (!text.startsWith(kString))
+        return std::nullopt;
+    return text.sliced(kString.size(), text.size() - kString.size() - 1);
 }
 
 bool isPlain(QChar c)

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using platform::SettingsText;
 
 namespace {
@@ -144,5 +146,29 @@ TEST(SettingsText, aDamagedHeaderHidesNothing)
             EXPECT_EQ(value(SettingsText(kHeader.first(i) + '\n' + kFirst), "first"), kShortcut)
                 << i;
         }
+    }
+}
+
+TEST(SettingsText, anyBytesAreKeptAndTakeASettingAndGiveItBack)
+{
+    const QByteArray parts("[]Gg=\n\n\r\"\\;#k \xEF\xBB\xBF\xFF\0", 18);
+    const QString key = QStringLiteral("k");
+    std::mt19937 chance(7);
+    for (int i = 0; i < 20000; ++i) {
+        QByteArray bytes = i % 2 == 0 ? "[General]\n" : "";
+        const auto size = static_cast<qsizetype>(chance() % 40);
+        while (bytes.size() < size)
+            bytes += parts.at(static_cast<qsizetype>(chance() % 18));
+        SettingsText text(bytes);
+        ASSERT_EQ(text.bytes(), bytes);
+
+        text.set(key, "1");
+        ASSERT_EQ(SettingsText(text.bytes()).settings(), text.settings())
+            << bytes.toPercentEncoding().constData();
+        ASSERT_EQ(text.settings().value(key), "1");
+        text.remove(key);
+        ASSERT_EQ(SettingsText(text.bytes()).settings(), text.settings())
+            << bytes.toPercentEncoding().constData();
+        ASSERT_FALSE(text.settings().contains(key));
     }
 }

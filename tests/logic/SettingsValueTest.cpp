@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using platform::settingsValueOf;
 using platform::textOfSettingsValue;
 
@@ -136,4 +138,21 @@ TEST_F(SettingsValueTest, jsonWrittenByHandIsRead)
     EXPECT_EQ(textOfSettingsValue("{a, b}"), std::nullopt);
     EXPECT_EQ(textOfSettingsValue("{}"), QStringLiteral("{}"));
     EXPECT_EQ(textOfSettingsValue("{\\\"a\\\":1}"), QStringLiteral("{\"a\":1}"));
+}
+
+TEST_F(SettingsValueTest, anyBytesHaveATextOrNoneAndThatTextComesBack)
+{
+    const QByteArray parts("ab09x\\\\\"\",;@@{} \t\xC3\xBC\xFF\0()n", 25);
+    std::mt19937 chance(7);
+    for (int i = 0; i < 20000; ++i) {
+        QByteArray value;
+        const auto size = static_cast<qsizetype>(chance() % 20);
+        while (value.size() < size)
+            value += parts.at(static_cast<qsizetype>(chance() % 25));
+        const std::optional<QString> text = textOfSettingsValue(value);
+        if (text) {
+            ASSERT_EQ(textOfSettingsValue(settingsValueOf(*text)), text)
+                << value.toPercentEncoding().constData();
+        }
+    }
 }
