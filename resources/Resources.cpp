@@ -7,3 +7,8 @@ void initializeResources()
 {
     Q_INIT_RESOURCE(quillery);
 }
+
+void initializeTranslations()
+{
+    Q_INIT_RESOURCE(translations);
+}

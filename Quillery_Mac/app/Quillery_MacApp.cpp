@@ -167,8 +167,9 @@ void Quillery_MacApp::showTrayItem()
 void Quillery_MacApp::updateToolTip()
 {
     const QString shortcut = shortcutText(KeyboardShortcuts::Name::contextHotKey());
-    m_desktop.tray->setToolTip(shortcut.isEmpty() ? tr("Quillery")
-                                                  : tr("Quillery") + u' ' + shortcut);
+    m_desktop.tray->setToolTip(
+        shortcut.isEmpty() ? tr("Quillery")
+                           : tr("Quillery %1", "%1 is the shortcut of the menu").arg(shortcut));
 }
 
 void Quillery_MacApp::openPastePanel()

@@ -3,39 +3,32 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("Scenes", text);
-}
-
-} // namespace
-
 std::vector<Scene> makeScenes(const SceneBuilders &build)
 {
     const auto addSnippet = [build = build.addSnippet](bool copy) {
         return [build, copy] { return build(copy); };
     };
     return {
-        {.id = SceneId::kWelcome, .title = tr("Welcome to Quillery!"), .build = build.welcome},
+        {.id = SceneId::kWelcome,
+         .title = QCoreApplication::translate("Scenes", "Welcome to Quillery!"),
+         .build = build.welcome},
         {.id = SceneId::kAddSnippet,
-         .title = tr("Add Snippet"),
+         .title = QCoreApplication::translate("Scenes", "Add Snippet"),
          .kind = Scene::Kind::Group,
          .isSizedByContent = true,
          .build = addSnippet(false)},
         {.id = SceneId::kAddSnippetCopy,
-         .title = tr("Add Snippet"),
+         .title = QCoreApplication::translate("Scenes", "Add Snippet"),
          .kind = Scene::Kind::Group,
          .isSizedByContent = true,
          .build = addSnippet(true)},
         {.id = SceneId::kLibrary,
-         .title = tr("Quillery"),
+         .title = QCoreApplication::translate("Scenes", "Quillery"),
          .hasHiddenTitleBar = true,
          .acceptsPlainText = true,
          .build = build.snippetLibrary},
         {.id = SceneId::kSettings,
-         .title = tr("Quillery Settings"),
+         .title = QCoreApplication::translate("Scenes", "Quillery Settings"),
          .isSizedByContent = true,
          .build = build.settings},
     };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/app/DesktopServices.h"
 #include "Quillery_Mac/app/Quillery_MacApp.h"
+#include "Quillery_Mac/app/Translation.h"
 #include "platform/defaults/Defaults.h"
 #include "platform/instance/SingleInstance.h"
 #include "platform/log/Log.h"
@@ -34,7 +35,7 @@ int main(int /*argc*/, char ** /*argv*/)
     std::array<char, 9> name{"quillery"};
     std::array<char *, 2> arguments{name.data(), nullptr};
     int argumentCount = 1;
-    const QApplication application(argumentCount, arguments.data());
+    QApplication application(argumentCount, arguments.data());
     describeApplication();
 
     platform::SingleInstance instance;
@@ -45,6 +46,7 @@ int main(int /*argc*/, char ** /*argv*/)
     QObject::connect(&termination, &platform::TerminationSignals::received, &application,
                      &QApplication::quit);
 
+    installTranslation(application);
     platform::Defaults defaults(platform::Defaults::standardFile());
     DesktopServices desktop;
     connectDesktop(desktop);

@@ -151,6 +151,7 @@ void ClipButton::refreshButtons()
 void ClipButton::makeConfirmation()
 {
     m_cancel = new TintedButton(tr("Cancel"), TintedButton::Role::Cancel, this);
+    //: The button that really deletes; beside "Cancel" in a narrow row.
     m_confirm = new TintedButton(tr("Confirm?"), TintedButton::Role::Destructive, this);
     connect(m_cancel, &QAbstractButton::clicked, this, [this] { confirmDelete = false; });
     connect(m_confirm, &QAbstractButton::clicked, this, &ClipButton::deleteClip);

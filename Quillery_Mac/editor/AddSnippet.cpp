@@ -252,6 +252,7 @@ void AddSnippet::keyPressEvent(QKeyEvent *event)
 
 std::vector<AddSnippet::Entry> AddSnippet::entries()
 {
+    //: No folder.
     std::vector<Entry> result{{folderChoice::kNone, tr("None")}};
     for (const Snippet *item : items.results()) {
         if (item->isFolder())

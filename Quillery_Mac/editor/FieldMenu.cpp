@@ -29,16 +29,17 @@ void open(QWidget &field, const State &state, const QPoint &globalPos)
         action->setShortcut(keys);
         action->setEnabled(isEnabled && !keys.isEmpty());
     };
-    const auto tr = [](const char *text) { return QCoreApplication::translate("FieldMenu", text); };
-    add(tr("&Undo"), QKeySequence::Undo, state.canUndo);
-    add(tr("&Redo"), QKeySequence::Redo, state.canRedo);
+    add(QCoreApplication::translate("FieldMenu", "&Undo"), QKeySequence::Undo, state.canUndo);
+    add(QCoreApplication::translate("FieldMenu", "&Redo"), QKeySequence::Redo, state.canRedo);
     menu->addSeparator();
-    add(tr("Cu&t"), QKeySequence::Cut, state.hasSelection && state.isEditable);
-    add(tr("&Copy"), QKeySequence::Copy, state.hasSelection);
-    add(tr("&Paste"), QKeySequence::Paste, state.isEditable);
-    add(tr("Delete"), QKeySequence::Delete, state.hasSelection && state.isEditable);
+    add(QCoreApplication::translate("FieldMenu", "Cu&t"), QKeySequence::Cut,
+        state.hasSelection && state.isEditable);
+    add(QCoreApplication::translate("FieldMenu", "&Copy"), QKeySequence::Copy, state.hasSelection);
+    add(QCoreApplication::translate("FieldMenu", "&Paste"), QKeySequence::Paste, state.isEditable);
+    add(QCoreApplication::translate("FieldMenu", "Delete"), QKeySequence::Delete,
+        state.hasSelection && state.isEditable);
     menu->addSeparator();
-    add(tr("Select All"), QKeySequence::SelectAll, true);
+    add(QCoreApplication::translate("FieldMenu", "Select All"), QKeySequence::SelectAll, true);
     menu->popup(globalPos);
 }
 

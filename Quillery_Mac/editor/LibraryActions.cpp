@@ -65,6 +65,7 @@ void LibraryActions::fill(QMenuBar &bar)
 {
     fillFile(*bar.addMenu(tr("&File")));
     fillEdit(*bar.addMenu(tr("&Edit")));
+    //: The menu of the selected snippet or folder.
     fillItem(*bar.addMenu(tr("&Item")));
     fillView(*bar.addMenu(tr("&View")));
 }
@@ -139,8 +140,10 @@ void LibraryActions::fillItem(QMenu &menu)
 {
     menu.addActions({m_addSnippet, m_addFolder});
     menu.addSeparator();
+    //: The snippet or folder above the selected one.
     menu.addAction(make(tr("&Previous"), QKeySequence(Qt::CTRL | Qt::Key_PageUp),
                         [this] { m_window.list().chooseNext(-1); }));
+    //: The snippet or folder below the selected one.
     menu.addAction(make(tr("&Next"), QKeySequence(Qt::CTRL | Qt::Key_PageDown),
                         [this] { m_window.list().chooseNext(1); }));
     menu.addSeparator();
@@ -160,6 +163,7 @@ void LibraryActions::fillView(QMenu &menu)
     connect(sidebar, &QAction::toggled, this,
             [this](bool isShown) { m_state.columnVisibility = isShown; });
     menu.addAction(sidebar);
+    //: Gives the keyboard to the list of snippets.
     menu.addAction(make(tr("Go to &List"), QKeySequence(Qt::Key_F6), [this] {
         m_state.columnVisibility = true;
         m_window.list().setFocus(Qt::ShortcutFocusReason);

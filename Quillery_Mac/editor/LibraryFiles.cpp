@@ -12,8 +12,6 @@
 
 namespace {
 
-const QString kFileName = QStringLiteral("Quillery Library.json");
-
 QString documentsFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -47,7 +45,8 @@ void LibraryFiles::chooseExport()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters({tr("Quillery libraries (*.json)")});
     dialog->setDefaultSuffix(QStringLiteral("json"));
-    dialog->selectFile(kFileName);
+    //: The name of the file that an export suggests.
+    dialog->selectFile(tr("Quillery Library.json"));
     connect(dialog, &QFileDialog::fileSelected, this, &LibraryFiles::exportFile);
     dialog->open();
 }

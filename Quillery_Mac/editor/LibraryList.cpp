@@ -415,7 +415,7 @@ void LibraryList::toggleRow(int row)
 void LibraryList::rowsAreOthers()
 {
     const QString text = m_state.searchText.value();
-    m_column.setEmptyText(text.isEmpty() ? QString() : tr("No match for \u201c%1\u201d").arg(text));
+    m_column.setEmptyText(text.isEmpty() ? QString() : tr("No match for “%1”").arg(text));
     m_column.reload();
 }
 

@@ -8,13 +8,6 @@
 #include <algorithm>
 #include <unordered_set>
 
-namespace {
-
-const QString kNewSnippetTitle = QStringLiteral("New Snippet");
-const QString kNewFolderTitle = QStringLiteral("Folder");
-
-} // namespace
-
 LibraryState::LibraryState(ManagedObjectContext &context, SnippetMatcher &matcher)
     : viewContext(context)
     , items(context)
@@ -80,7 +73,9 @@ void LibraryState::addSnippet()
 {
     const Snippet *above = selected();
     const qint64 order = above != nullptr ? above->order() + 1 : 0;
-    Snippet &fresh = snippetOrder::insert(viewContext, {.title = kNewSnippetTitle}, order);
+    //: The title that a new snippet gets.
+    const QString title = tr("New Snippet");
+    Snippet &fresh = snippetOrder::insert(viewContext, {.title = title}, order);
     save();
     slideIn(fresh);
     select(fresh);
@@ -91,8 +86,10 @@ void LibraryState::addSnippet()
 void LibraryState::addFolder()
 {
     const auto count = static_cast<qint64>(items.results().size());
+    //: The title that a new folder gets.
+    const QString title = tr("Folder");
     Snippet &fresh = snippetOrder::append(
-        viewContext, {.title = kNewFolderTitle, .isFolder = true, .expanded = true}, count + 1);
+        viewContext, {.title = title, .isFolder = true, .expanded = true}, count + 1);
     save();
     slideIn(fresh);
     select(fresh);

@@ -11,7 +11,9 @@ ClearHistoryRow::ClearHistoryRow(MenuState &state, PointerMotion &motion,
     : MenuRow(state, motion, tr("Clear History"), optionWords::kClear, Ending::None, parent)
     , m_clear(std::move(clear))
     , m_cancel(new TintedButton(tr("Cancel"), TintedButton::Role::Cancel, this))
-    , m_confirm(new TintedButton(tr("Confirm?"), TintedButton::Role::Destructive, this))
+    , m_confirm(new TintedButton(
+          tr("Confirm?", "deletes the whole history; beside \"Cancel\" in a narrow row"),
+          TintedButton::Role::Destructive, this))
     , m_alertObserver(state.clearAlert.addNotifier([this] { alertChanged(); }))
 {
     connect(m_cancel, &QAbstractButton::clicked, this,

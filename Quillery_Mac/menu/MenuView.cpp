@@ -131,7 +131,8 @@ void MenuView::createProgramRows(QVBoxLayout &layout)
         row->setEnabled(updaterController->updater().canCheckForUpdates());
     }
     addDivider(layout);
-    addAction(layout, optionWords::kQuit, tr("Quit"), [this] { m_environment.terminate(); });
+    addAction(layout, optionWords::kQuit, tr("Quit", "ends the program"),
+              [this] { m_environment.terminate(); });
 }
 
 void MenuView::addRow(QVBoxLayout &layout, MenuRow *row)

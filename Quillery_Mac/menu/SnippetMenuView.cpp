@@ -123,7 +123,7 @@ void SnippetMenuView::rowsAreOthers()
 {
     const QString text = searchText.value();
     m_column.setEmptyText(text.isEmpty() ? tr("No snippets yet")
-                                         : tr("No match for \u201c%1\u201d").arg(text));
+                                         : tr("No match for “%1”").arg(text));
     m_column.reload();
     updateGeometry();
 }

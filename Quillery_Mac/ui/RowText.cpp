@@ -10,11 +10,6 @@ namespace {
 
 constexpr int kMostCountedLines = 99;
 
-QString words(const char *text)
-{
-    return QCoreApplication::translate("RowText", text);
-}
-
 bool isLineBreak(QChar c)
 {
     return c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == u'\u0085' ||
@@ -45,14 +40,21 @@ void cutTo(QString &line, qsizetype length)
     line.truncate(length);
 }
 
+QString blankText()
+{
+    return QCoreApplication::translate("RowText", "Blank text", "one with nothing but blanks");
+}
+
 QString tally(const TextPreview &preview)
 {
     if (preview.lineCount < 2)
         return {};
     if (preview.lineCount > kMostCountedLines)
-        return words("99+ lines");
-    const QString format = preview.isLineCountExact ? words("%1 lines") : words("%1+ lines");
-    return format.arg(preview.lineCount);
+        return QCoreApplication::translate("RowText", "99+ lines", "beside a text: its length");
+    const int count = static_cast<int>(preview.lineCount);
+    if (preview.isLineCountExact)
+        return QCoreApplication::translate("RowText", "%n lines", "2 to 99", count);
+    return QCoreApplication::translate("RowText", "%n+ lines", "this many at least", count);
 }
 
 } // namespace
@@ -83,7 +85,7 @@ RowText historyRowText(const TextPreview &preview)
 {
     const QString line = oneLine(preview.start);
     if (line.isEmpty())
-        return {words("Blank text"), true, tally(preview)};
+        return {blankText(), true, tally(preview)};
     return {line, false, tally(preview)};
 }
 
@@ -93,10 +95,11 @@ RowText titleRowText(const QString &title, const TextPreview &preview)
     if (!line.isEmpty())
         return {line, false, {}};
     if (preview.start.isEmpty())
-        return {words("Untitled"), true, {}};
+        return {
+            QCoreApplication::translate("RowText", "Untitled", "a snippet or a folder"), true, {}};
     const QString text = oneLine(preview.start);
     if (text.isEmpty())
-        return {words("Blank text"), true, {}};
+        return {blankText(), true, {}};
     const qsizetype end = text.indexOf(kLineBreakSign);
     return {text.left(end < 0 ? text.size() : end).trimmed(), true, {}};
 }

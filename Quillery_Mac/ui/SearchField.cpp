@@ -28,6 +28,7 @@ public:
     {
         setFocusPolicy(Qt::NoFocus);
         setCursor(Qt::ArrowCursor);
+        //: The button in a search field that empties it.
         setAccessibleName(SearchField::tr("Clear"));
         setToolTip(SearchField::tr("Clear"));
     }

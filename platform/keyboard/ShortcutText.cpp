@@ -2,6 +2,9 @@
 #include "platform/keyboard/ShortcutText.h"
 
 #include "platform/keyboard/KeyboardLayout.h"
+#include "platform/keyboard/VirtualKey.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -51,6 +54,9 @@ std::optional<QString> keyText(qint64 keyCode, KeyboardLayout *layout)
 
 QString displayedKeyText(qint64 keyCode, KeyboardLayout *layout)
 {
+    // The only key whose text is a word, and not a sign or what the layout prints on it.
+    if (keyCode == static_cast<qint64>(VirtualKey::space))
+        return QCoreApplication::translate("KeyboardShortcuts", "Space", "the space bar");
     const std::optional<QString> text = keyText(keyCode, layout);
     return text ? capitalised(*text) : QString(QChar(QChar::ReplacementCharacter));
 }

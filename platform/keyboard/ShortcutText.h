@@ -43,7 +43,7 @@ QString modifierSymbols(Modifiers modifiers);
 /// @param layout may be null
 std::optional<QString> keyText(qint64 keyCode, KeyboardLayout *layout);
 
-/// The key's text as shown: capitalised, "�" when there is none.
+/// The key's text as shown: capitalised, a word in the user's language, "�" when there is none.
 QString displayedKeyText(qint64 keyCode, KeyboardLayout *layout);
 
 /// The first letter of each word in upper case, the rest as it stands.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Renders the editor of one snippet and the form that makes one to pictures, to be looked at beside
 // the drawings they were built from: editor_gallery <folder>, with QT_QPA_PLATFORM=offscreen and
-// QT_SCALE_FACTOR for the scale.
+// QT_SCALE_FACTOR for the scale, LANG for the language.
+#include "Quillery_Mac/app/Translation.h"
 #include "Quillery_Mac/editor/AddSnippet.h"
 #include "Quillery_Mac/editor/ExactTextEdit.h"
 #include "Quillery_Mac/editor/SnippetDetailMac.h"
@@ -117,6 +118,7 @@ int main(int argc, char **argv)
         std::fputs("usage: editor_gallery <folder>\n", stderr);
         return 2;
     }
+    installTranslation(application);
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     folder.mkpath(QStringLiteral("."));
     QApplication::setStyle(QStringLiteral("Fusion"));

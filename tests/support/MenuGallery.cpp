@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Renders every state of the paste menu to pictures, to be looked at beside the drawings it was
 // built from: menu_gallery <folder>, with QT_QPA_PLATFORM=offscreen and QT_SCALE_FACTOR for the
-// scale.
+// scale, LANG for the language.
+#include "Quillery_Mac/app/Translation.h"
 #include "Quillery_Mac/clipboard/ClipHistoryView.h"
 #include "Quillery_Mac/menu/MenuRow.h"
 #include "Quillery_Mac/menu/SnippetMenuView.h"
@@ -187,6 +188,7 @@ int main(int argc, char **argv)
         std::fputs("usage: menu_gallery <folder>\n", stderr);
         return 2;
     }
+    installTranslation(application);
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     folder.mkpath(QStringLiteral("."));
     QApplication::setStyle(QStringLiteral("Fusion"));

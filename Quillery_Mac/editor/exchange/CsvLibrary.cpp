@@ -2,6 +2,7 @@
 #include "Quillery_Mac/editor/exchange/CsvLibrary.h"
 
 #include "Quillery_Mac/editor/exchange/CsvRecords.h"
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/editor/exchange/LineError.h"
 
 #include <array>
@@ -67,7 +68,7 @@ public:
                 return tl::unexpected(*error);
         }
         if (m_columns.empty())
-            return tl::unexpected(refusal(0, QStringLiteral("The file is empty.")));
+            return tl::unexpected(refusal(0, LibraryFault::tr("The file is empty.")));
         return library();
     }
 
@@ -85,8 +86,8 @@ private:
         }
         if (record.fields.size() < 2 || record.fields.size() > kColumnNames.size()) {
             return refusal(record.position,
-                           QStringLiteral("A row must have 2 or 3 fields (title, content, and "
-                                          "perhaps folder), but this one has %1.")
+                           LibraryFault::tr("A row must have 2 or 3 fields (title, content, and "
+                                            "perhaps folder), but this one has %1.")
                                .arg(record.fields.size()));
         }
         m_columns = {kTitle, kContent, kFolder};
@@ -97,10 +98,10 @@ private:
     std::optional<Error> readRow(CsvRecord &&record)
     {
         if (record.fields.size() != m_columns.size()) {
-            return refusal(
-                record.position,
-                QStringLiteral("The first row has %1 fields, but this one has %2.")
-                    .arg(QString::number(m_columns.size()), QString::number(record.fields.size())));
+            return refusal(record.position,
+                           LibraryFault::tr("The first row has %n fields, but this one has %1.",
+                                            nullptr, static_cast<int>(m_columns.size()))
+                               .arg(record.fields.size()));
         }
         ParsedItem item;
         item.timestamp = m_created;
@@ -115,8 +116,9 @@ private:
         }
         groupOf(folder).push_back(std::move(item));
         if (++m_count > kMaxLibraryItems) {
-            return refusal(record.position,
-                           QStringLiteral("A library holds at most 32,767 snippets and folders."));
+            return refusal(
+                record.position,
+                LibraryFault::tr("A library holds at most 32,767 snippets and folders."));
         }
         return std::nullopt;
     }
@@ -164,6 +166,6 @@ platform::Result<ParsedLibrary> readCsvLibrary(QByteArrayView bytes, const QDate
 {
     if (const auto invalid = firstInvalidLine(bytes))
         return tl::unexpected(
-            lineError(bytes, *invalid, QStringLiteral("The file is not in UTF-8.")));
+            lineError(bytes, *invalid, LibraryFault::tr("The file is not in UTF-8.")));
     return Table(withoutByteOrderMark(bytes), created).run();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/editor/exchange/CsvRecords.h"
 
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/editor/exchange/LineError.h"
 
 namespace {
@@ -84,7 +85,7 @@ platform::Result<QByteArray> CsvRecords::quotedField()
         if (quote < 0) {
             return tl::unexpected(lineError(
                 m_bytes, start,
-                QStringLiteral("The quotation mark that begins this field is never closed.")));
+                LibraryFault::tr("The quotation mark that begins this field is never closed.")));
         }
         value += m_bytes.sliced(m_at, quote - m_at);
         m_at = quote + 1;
@@ -95,8 +96,9 @@ platform::Result<QByteArray> CsvRecords::quotedField()
     }
     if (isAtEnd() || lineEnd() > 0 || m_bytes[m_at] == m_delimiter)
         return value;
-    return tl::unexpected(lineError(
-        m_bytes, m_at, QStringLiteral("Something follows the end of a field in quotation marks.")));
+    return tl::unexpected(
+        lineError(m_bytes, m_at,
+                  LibraryFault::tr("Something follows the end of a field in quotation marks.")));
 }
 
 platform::Result<QByteArray> CsvRecords::plainField()
@@ -106,8 +108,8 @@ platform::Result<QByteArray> CsvRecords::plainField()
         if (m_bytes[m_at] == '"') {
             return tl::unexpected(
                 lineError(m_bytes, m_at,
-                          QStringLiteral("A field with a quotation mark in it must stand in "
-                                         "quotation marks, and the mark must be doubled.")));
+                          LibraryFault::tr("A field with a quotation mark in it must stand in "
+                                           "quotation marks, and the mark must be doubled.")));
         }
         ++m_at;
     }

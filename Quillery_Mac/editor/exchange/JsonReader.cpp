@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/editor/exchange/JsonReader.h"
 
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/editor/exchange/LineError.h"
 
 #include <QStringDecoder>
@@ -42,7 +43,7 @@ qsizetype JsonReader::position()
     return m_at;
 }
 
-void JsonReader::enter(char bracket, const QString &expected)
+void JsonReader::enter(char bracket, const char *expected)
 {
     const qsizetype start = position();
     if (!take({&bracket, 1}))
@@ -57,9 +58,7 @@ bool JsonReader::hasMore(char bracket)
     if (m_error || take({&bracket, 1}))
         return false;
     if (!isFirst && !take(",")) {
-        fail(
-            start,
-            QStringLiteral("A comma or \u201c%1\u201d must stand here.").arg(QLatin1Char(bracket)));
+        fail(start, LibraryFault::tr("A comma or “%1” must stand here.").arg(QLatin1Char(bracket)));
     }
     return !m_error;
 }
@@ -72,14 +71,15 @@ bool JsonReader::isText()
 
 QString JsonReader::key()
 {
-    QString name = text(QStringLiteral("A name in quotation marks must stand here."));
+    QString name =
+        text(QT_TRANSLATE_NOOP("LibraryFault", "A name in quotation marks must stand here."));
     const qsizetype start = position();
     if (!take(":"))
-        fail(start, QStringLiteral("A colon must stand here."));
+        fail(start, LibraryFault::tr("A colon must stand here."));
     return name;
 }
 
-QString JsonReader::text(const QString &expected)
+QString JsonReader::text(const char *expected)
 {
     const qsizetype start = position();
     if (!take("\"")) {
@@ -89,7 +89,7 @@ QString JsonReader::text(const QString &expected)
     return quoted();
 }
 
-bool JsonReader::truth(const QString &expected)
+bool JsonReader::truth(const char *expected)
 {
     const qsizetype start = position();
     if (take("true"))
@@ -99,7 +99,7 @@ bool JsonReader::truth(const QString &expected)
     return false;
 }
 
-qint64 JsonReader::number(const QString &expected)
+qint64 JsonReader::number(const char *expected)
 {
     const qsizetype start = position();
     take("-");
@@ -118,7 +118,7 @@ qint64 JsonReader::number(const QString &expected)
 void JsonReader::end()
 {
     if (position() != m_bytes.size())
-        fail(m_at, QStringLiteral("Nothing may follow the end of the library."));
+        fail(m_at, LibraryFault::tr("Nothing may follow the end of the library."));
 }
 
 void JsonReader::fail(qsizetype position, const QString &reason)
@@ -127,6 +127,11 @@ void JsonReader::fail(qsizetype position, const QString &reason)
         m_error = lineError(m_bytes, position, reason);
     // What is left is of no interest any more.
     m_at = m_bytes.size();
+}
+
+void JsonReader::fail(qsizetype position, const char *expected)
+{
+    fail(position, LibraryFault::tr(expected));
 }
 
 void JsonReader::skipSpace()
@@ -149,14 +154,14 @@ QString JsonReader::quoted()
     QString text;
     while (!m_error && !take("\"")) {
         if (m_at == m_bytes.size())
-            fail(start, QStringLiteral("The text that begins here has no end."));
+            fail(start, LibraryFault::tr("The text that begins here has no end."));
         else if (take("\\"))
             appendEscape(text);
         else if (isPlain(next()))
             appendPlain(text);
         else
-            fail(m_at, QStringLiteral("A line end or control character inside a text must be "
-                                      "written as an escape, such as \\n."));
+            fail(m_at, LibraryFault::tr("A line end or control character inside a text must be "
+                                        "written as an escape, such as \\n."));
     }
     return m_error ? QString() : text;
 }
@@ -182,7 +187,7 @@ void JsonReader::appendEscape(QString &text)
     const auto *const escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
                                             [this](const Escape &e) { return e.letter == next(); });
     if (escape == std::end(kEscapes)) {
-        fail(start, QStringLiteral("There is no such escape."));
+        fail(start, LibraryFault::tr("There is no such escape."));
         return;
     }
     text += QChar(escape->unit);
@@ -197,7 +202,7 @@ char16_t JsonReader::codeUnit()
         return isDigit(digit) || (digit >= 'a' && digit <= 'f') || (digit >= 'A' && digit <= 'F');
     });
     if (!isHex || digits.size() < kDigits) {
-        fail(m_at, QStringLiteral("Four hexadecimal digits must follow \\u."));
+        fail(m_at, LibraryFault::tr("Four hexadecimal digits must follow \\u."));
         return 0;
     }
     m_at += kDigits;

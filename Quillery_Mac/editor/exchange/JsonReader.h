@@ -10,6 +10,9 @@
 /// piece begins: Qt's reader cannot tell the line of a value that is out of place. After the first
 /// error every function answers with nothing and every list has ended, so that only the caller's
 /// last step need ask for the error. Never deeper than the caller goes.
+///
+/// What is `expected` somewhere is a sentence in English, marked for LibraryFault::tr(), which is
+/// asked for it only when it is needed: there are hundreds of thousands of pieces in a file.
 class JsonReader
 {
 public:
@@ -20,7 +23,7 @@ public:
     qsizetype position();
 
     /// Goes into the object or array that must begin here with `bracket`.
-    void enter(char bracket, const QString &expected);
+    void enter(char bracket, const char *expected);
     /// Whether the object or array, which ends with `bracket`, has another element; goes out of it
     /// if not.
     bool hasMore(char bracket);
@@ -29,15 +32,16 @@ public:
 
     /// The name of an element of an object.
     QString key();
-    QString text(const QString &expected);
-    bool truth(const QString &expected);
+    QString text(const char *expected);
+    bool truth(const char *expected);
     /// A whole number.
-    qint64 number(const QString &expected);
+    qint64 number(const char *expected);
     /// Nothing but space may follow.
     void end();
 
     /// Refuses what begins at byte `position`. The first refusal stays.
     void fail(qsizetype position, const QString &reason);
+    void fail(qsizetype position, const char *expected);
     const std::optional<platform::Error> &error() const { return m_error; }
 
 private:

@@ -2,6 +2,7 @@
 #include "Quillery_Mac/editor/exchange/LibraryFile.h"
 
 #include "Quillery_Mac/editor/exchange/CsvLibrary.h"
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/editor/exchange/LibraryReader.h"
 
 #include <QDir>
@@ -16,7 +17,7 @@ tl::unexpected<Error> cannotRead(const QString &path, const QString &reason)
 {
     return platform::failure(
         Error::Kind::Io,
-        QStringLiteral("%1 could not be read: %2").arg(QDir::toNativeSeparators(path), reason));
+        LibraryFault::tr("%1 could not be read: %2").arg(QDir::toNativeSeparators(path), reason));
 }
 
 platform::Result<QByteArray> readBytes(const QString &path)
@@ -24,12 +25,12 @@ platform::Result<QByteArray> readBytes(const QString &path)
     // A pipe would keep us waiting.
     const QFileInfo info(path);
     if (info.exists() && !info.isFile())
-        return cannotRead(path, QStringLiteral("It is not a file"));
+        return cannotRead(path, LibraryFault::tr("It is not a file"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return cannotRead(path, file.errorString());
     if (file.size() > kMaxLibraryFileBytes)
-        return cannotRead(path, QStringLiteral("It is larger than 1 GiB"));
+        return cannotRead(path, LibraryFault::tr("It is larger than 1 GiB"));
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return cannotRead(path, file.errorString());

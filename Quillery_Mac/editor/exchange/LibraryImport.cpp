@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/editor/exchange/LibraryImport.h"
 
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/store/ManagedObjectContext.h"
 #include "Quillery_Mac/store/SixteenBit.h"
 #include "Quillery_Mac/store/Snippet.h"
@@ -97,8 +98,8 @@ platform::Result<ImportUndo> importLibrary(ManagedObjectContext &context,
     if (others.size() + library.items.size() > static_cast<std::size_t>(kMaxLibraryItems)) {
         return platform::failure(
             Error::Kind::Refused,
-            QStringLiteral("A library holds at most 32,767 snippets and folders. There are %1 "
-                           "already, and the file holds %2.")
+            LibraryFault::tr("A library holds at most 32,767 snippets and folders. There are %1 "
+                             "already, and the file holds %2.")
                 .arg(QString::number(others.size()), QString::number(library.items.size())));
     }
     ImportUndo undo;

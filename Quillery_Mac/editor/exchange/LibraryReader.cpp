@@ -2,6 +2,7 @@
 #include "Quillery_Mac/editor/exchange/LibraryReader.h"
 
 #include "Quillery_Mac/editor/exchange/JsonReader.h"
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/editor/exchange/LibraryFormat.h"
 #include "Quillery_Mac/editor/exchange/LineError.h"
 
@@ -47,12 +48,12 @@ public:
 
     platform::Result<ParsedLibrary> run()
     {
-        m_json.enter('{', QStringLiteral("A Quillery library begins with \u201c{\u201d."));
+        m_json.enter('{', QT_TRANSLATE_NOOP("LibraryFault", "A Quillery library begins with “{”."));
         const Seen seen = readObject(kFileFields);
         m_json.end();
         for (const Field &field : kFileFields) {
             if (!(seen & bitOf(kFileFields, field)))
-                m_json.fail(0, QStringLiteral("\u201c%1\u201d is missing.").arg(field.key));
+                m_json.fail(0, LibraryFault::tr("“%1” is missing.").arg(field.key));
         }
         if (m_json.error())
             return tl::unexpected(*m_json.error());
@@ -100,13 +101,12 @@ private:
         const auto field = std::find_if(fields.begin(), fields.end(),
                                         [&key](const Field &known) { return known.key == key; });
         if (field == fields.end()) {
-            m_json.fail(position,
-                        QStringLiteral("\u201c%1\u201d has no meaning here.").arg(shown(key)));
+            m_json.fail(position, LibraryFault::tr("“%1” has no meaning here.").arg(shown(key)));
             return 0;
         }
         const Seen bit = bitOf(fields, *field);
         if (seen & bit)
-            m_json.fail(position, QStringLiteral("\u201c%1\u201d stands here twice.").arg(key));
+            m_json.fail(position, LibraryFault::tr("“%1” stands here twice.").arg(key));
         else
             (this->*field->read)(m_json.position());
         return bit;
@@ -114,20 +114,22 @@ private:
 
     void readFormat(qsizetype position)
     {
-        const QString expected = QStringLiteral("The format must be \u201cQuillery library\u201d.");
+        const char *expected =
+            QT_TRANSLATE_NOOP("LibraryFault", "The format must be “Quillery library”.");
         if (m_json.text(expected) != kLibraryFormat)
             m_json.fail(position, expected);
     }
 
     void readVersion(qsizetype position)
     {
-        const QString expected = QStringLiteral("The version must be a number, 1 or greater.");
+        const char *expected =
+            QT_TRANSLATE_NOOP("LibraryFault", "The version must be a number, 1 or greater.");
         const qint64 version = m_json.number(expected);
         if (version < 1)
             m_json.fail(position, expected);
         if (version > kLibraryVersion) {
-            m_json.fail(position, QStringLiteral("The library was written by a newer Quillery "
-                                                 "(version %1 of the format; this one reads %2).")
+            m_json.fail(position, LibraryFault::tr("The library was written by a newer Quillery "
+                                                   "(version %1 of the format; this one reads %2).")
                                       .arg(version)
                                       .arg(kLibraryVersion));
         }
@@ -135,7 +137,8 @@ private:
 
     void readItems(qsizetype)
     {
-        m_json.enter('[', QStringLiteral("The items must be a list in square brackets."));
+        m_json.enter(
+            '[', QT_TRANSLATE_NOOP("LibraryFault", "The items must be a list in square brackets."));
         while (m_json.hasMore(']')) {
             Group group = readGroup();
             std::vector<ParsedItem> &place = group.item.isFolder ? m_folders : m_library.items;
@@ -150,10 +153,11 @@ private:
         const qsizetype position = m_json.position();
         if (++m_count > kMaxLibraryItems) {
             m_json.fail(position,
-                        QStringLiteral("A library holds at most 32,767 snippets and folders."));
+                        LibraryFault::tr("A library holds at most 32,767 snippets and folders."));
         }
-        m_json.enter('{', QStringLiteral("An item must stand here, which begins with "
-                                         "\u201c{\u201d."));
+        m_json.enter('{',
+                     QT_TRANSLATE_NOOP("LibraryFault", "An item must stand here, which begins with "
+                                                       "“{”."));
         Group group = std::exchange(m_group, Group());
         readObject(kItemFields);
         std::swap(group, m_group);
@@ -162,22 +166,25 @@ private:
 
     void readTitle(qsizetype)
     {
-        m_group.item.title = m_json.text(QStringLiteral("The title must be a text."));
+        m_group.item.title =
+            m_json.text(QT_TRANSLATE_NOOP("LibraryFault", "The title must be a text."));
     }
 
     void readContent(qsizetype position)
     {
-        const QString content = m_json.text(QStringLiteral("The content must be a text."));
+        const QString content =
+            m_json.text(QT_TRANSLATE_NOOP("LibraryFault", "The content must be a text."));
         if (!content.isValidUtf16()) {
-            m_json.fail(position, QStringLiteral("The content holds half a character, an escape "
-                                                 "\\ud800 to \\udfff without its other half."));
+            m_json.fail(position, LibraryFault::tr("The content holds half a character, an escape "
+                                                   "\\ud800 to \\udfff without its other half."));
         }
         setContent(position, content.toUtf8());
     }
 
     void readBase64(qsizetype position)
     {
-        const QString expected = QStringLiteral("\u201ccontentBase64\u201d must be a Base64 text.");
+        const char *expected =
+            QT_TRANSLATE_NOOP("LibraryFault", "“contentBase64” must be a Base64 text.");
         const QByteArray text = m_json.text(expected).toUtf8();
         const auto decoded =
             QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors);
@@ -189,15 +196,15 @@ private:
     void setContent(qsizetype position, const QByteArray &content)
     {
         if (m_group.item.content)
-            m_json.fail(position, QStringLiteral("The item has two contents."));
+            m_json.fail(position, LibraryFault::tr("The item has two contents."));
         m_group.item.content = content;
     }
 
     void readTimestamp(qsizetype position)
     {
-        const QString expected =
-            QStringLiteral("The timestamp must be a date such as \"2026-11-21T15:45:02.123Z\", or "
-                           "the milliseconds since 1970.");
+        const char *expected = QT_TRANSLATE_NOOP(
+            "LibraryFault", "The timestamp must be a date such as \"2026-11-21T15:45:02.123Z\", or "
+                            "the milliseconds since 1970.");
         QDateTime timestamp;
         if (m_json.isText()) {
             timestamp = QDateTime::fromString(m_json.text(expected), Qt::ISODateWithMs);
@@ -215,7 +222,7 @@ private:
 
     void readId(qsizetype position)
     {
-        const QString expected = QStringLiteral("The id must be a UUID.");
+        const char *expected = QT_TRANSLATE_NOOP("LibraryFault", "The id must be a UUID.");
         const QString text = m_json.text(expected);
         const QUuid id = QUuid::fromString(text);
         if (id.isNull() ||
@@ -227,16 +234,17 @@ private:
     void readExpanded(qsizetype)
     {
         m_group.item.expanded =
-            m_json.truth(QStringLiteral("\u201cexpanded\u201d must be true or false."));
+            m_json.truth(QT_TRANSLATE_NOOP("LibraryFault", "“expanded” must be true or false."));
     }
 
     void readMembers(qsizetype position)
     {
         if (m_isInFolder)
-            m_json.fail(position, QStringLiteral("A folder cannot stand inside a folder."));
+            m_json.fail(position, LibraryFault::tr("A folder cannot stand inside a folder."));
         m_group.item.isFolder = true;
         m_isInFolder = true;
-        m_json.enter('[', QStringLiteral("The members must be a list in square brackets."));
+        m_json.enter('[', QT_TRANSLATE_NOOP("LibraryFault",
+                                            "The members must be a list in square brackets."));
         while (m_json.hasMore(']')) {
             Group member = readGroup();
             m_group.members.push_back(std::move(member.item));
@@ -270,6 +278,6 @@ platform::Result<ParsedLibrary> readLibrary(QByteArrayView bytes)
 {
     if (const auto invalid = firstInvalidLine(bytes))
         return tl::unexpected(
-            lineError(bytes, *invalid, QStringLiteral("The file is not in UTF-8.")));
+            lineError(bytes, *invalid, LibraryFault::tr("The file is not in UTF-8.")));
     return Reading(withoutByteOrderMark(bytes)).run();
 }

@@ -2,6 +2,7 @@
 #include "Quillery_Mac/editor/exchange/LibraryWriter.h"
 
 #include "Quillery_Mac/editor/exchange/JsonText.h"
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "Quillery_Mac/editor/exchange/LibraryFormat.h"
 #include "Quillery_Mac/store/ManagedObjectContext.h"
 #include "Quillery_Mac/store/Snippet.h"
@@ -135,7 +136,7 @@ private:
 tl::unexpected<Error> cannotWrite(const QString &path, const QString &reason)
 {
     return platform::failure(Error::Kind::Io,
-                             QStringLiteral("The library could not be written to %1: %2")
+                             LibraryFault::tr("The library could not be written to %1: %2")
                                  .arg(QDir::toNativeSeparators(path), reason));
 }
 
@@ -149,8 +150,8 @@ platform::Result<void> exportLibrary(ManagedObjectContext &context, const QStrin
     ItemWriter writer(file);
     writer.write(context.fetch<Snippet>());
     if (writer.unreadable()) {
-        return cannotWrite(path, QStringLiteral("The text of \u201c%1\u201d could not be read")
-                                     .arg(*writer.unreadable()));
+        return cannotWrite(
+            path, LibraryFault::tr("The text of “%1” could not be read").arg(*writer.unreadable()));
     }
     if (!file.commit())
         return cannotWrite(path, file.errorString());

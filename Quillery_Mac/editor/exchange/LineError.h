@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillery_Mac/editor/exchange/LibraryFault.h"
 #include "platform/Result.h"
 
 #include <QByteArrayView>
@@ -14,7 +15,7 @@ inline platform::Error lineError(QByteArrayView bytes, qsizetype position, const
 {
     const auto before = bytes.first(std::clamp<qsizetype>(position, 0, bytes.size()));
     return {platform::Error::Kind::Refused,
-            QStringLiteral("Line %1: %2")
+            LibraryFault::tr("Line %1: %2", "where in the file; what is wrong there")
                 .arg(1 + std::count(before.begin(), before.end(), '\n'))
                 .arg(reason)};
 }
