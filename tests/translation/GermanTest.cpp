@@ -2,6 +2,7 @@
 // A menu for a German: its words are those of the language, what it does is not.
 #include "KeyboardShortcuts/ShortcutText.h"
 #include "Quillery_Mac/app/Translation.h"
+#include "Quillery_Mac/editor/ContentViewMac.h"
 #include "Quillery_Mac/menu/MenuRow.h"
 #include "Quillery_Mac/store/TextPreview.h"
 #include "Quillery_Mac/ui/RowText.h"
@@ -10,7 +11,10 @@
 #include "tests/support/MenuBench.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTest>
 #include <QTranslator>
 
@@ -103,6 +107,29 @@ TEST_F(German, theButtonsOfTheQuestionStayInTheirRow)
     ASSERT_EQ(buttons.size(), 2);
     for (const TintedButton *button : buttons)
         EXPECT_GT(button->x(), tokens::kMenuRowPadding) << button->text().toStdString();
+}
+
+TEST_F(German, noTwoEntriesOfAMenuHaveTheSameLetter)
+{
+    MenuBench bench;
+    const ContentViewMac library(
+        EditorLinks{bench.context(), bench.funcs, bench.matcher, bench.pasteboard, [] {}});
+    QList<QList<QAction *>> menus{library.findChild<QMenuBar *>()->actions()};
+    for (const QAction *entry : menus.front())
+        menus.append(entry->menu()->actions());
+    ASSERT_EQ(menus.size(), 5);
+
+    for (const QList<QAction *> &menu : menus) {
+        QString letters;
+        for (const QAction *action : menu) {
+            const qsizetype mark = action->text().indexOf(u'&');
+            if (mark >= 0)
+                letters.append(action->text().at(mark + 1).toLower());
+        }
+        for (const QChar letter : letters)
+            EXPECT_EQ(letters.count(letter), 1) << letters.toStdString();
+        EXPECT_FALSE(letters.isEmpty());
+    }
 }
 
 TEST_F(German, numbersHaveTheirPlural)
