@@ -35,8 +35,8 @@ Observable &observable();
 /// Whether this process was started at login, from the list.
 ///
 /// Known where systemd runs the session (GNOME, Plasma with its systemd start) and where a session
-/// manager starts the list itself (MATE, Cinnamon). Xfce, LXQt and sessions that start the list by
-/// a small program of their own leave no sign in the process: false there, however it was started.
+/// manager starts the list itself (MATE, GNOME without systemd). Other sessions, as Xfce or a bare
+/// one with dex, leave no sign in the process: false there, however it was started.
 bool wasLaunchedAtLogin();
 
 } // namespace LaunchAtLogin

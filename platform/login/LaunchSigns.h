@@ -23,9 +23,10 @@ struct LaunchSigns
 ///
 /// Two kinds of desktop leave signs. Where systemd runs the session (GNOME, Plasma), the process is
 /// the first of the unit that systemd-xdg-autostart-generator made of the entry. Where a session
-/// manager starts the entries itself (MATE, Cinnamon, GNOME without systemd), it is a child of that
+/// manager starts the entries itself (MATE 1.26, GNOME 43 without systemd), it is a child of that
 /// manager and got an id from it. Both leave signs that children inherit, so that they count only
-/// together with the number of the process. Xfce, LXQt and sessions that run dex leave none.
+/// together with the number of the process. Other sessions, as Xfce or a bare one with dex, leave
+/// none.
 bool isStartedFromEntry(const LaunchSigns &signs);
 
 } // namespace platform
