@@ -107,18 +107,29 @@ TEST_F(XdgLoginItemWatchTest, anEntryThatIsWrittenInPlaceIsSeenEveryTime)
 
 TEST_F(XdgLoginItemWatchTest, aFolderThatIsMovedAwayAndBackIsSeen)
 {
+    const QString away = config + QStringLiteral("/put-away");
     write(entry, goodEntry);
     start();
 
     for (int round = 0; round < 2; ++round) {
-        ASSERT_TRUE(QDir().rename(folder, config + QStringLiteral("/put-away")));
+        ASSERT_TRUE(QDir().rename(folder, away));
         expectTold(false);
-        ASSERT_TRUE(QDir().rename(config + QStringLiteral("/put-away"), folder));
+        ASSERT_TRUE(QDir().rename(away, folder));
         expectTold(true);
     }
+}
 
-    // The watch is on the folder that is there now.
+TEST_F(XdgLoginItemWatchTest, theWatchIsOnTheFolderThatTookThePlaceOfAnother)
+{
+    write(entry, goodEntry);
+    start();
+    ASSERT_TRUE(QDir().rename(folder, config + QStringLiteral("/put-away")));
+    expectTold(false);
+    write(entry, goodEntry);
+    expectTold(true);
+
     write(entry, hiddenEntry);
+
     expectTold(false);
 }
 
