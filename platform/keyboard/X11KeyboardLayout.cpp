@@ -1,33 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/keyboard/X11KeyboardLayout.h"
 
-#include "platform/log/Log.h"
+#include "platform/keyboard/X11Keymap.h"
 
 #include <utility>
-
-#include <xkbcommon/xkbcommon-x11.h>
-#include <xkbcommon/xkbcommon.h>
 
 namespace platform {
 
 namespace {
 
-struct Unref
-{
-    void operator()(xkb_context *context) const { xkb_context_unref(context); }
-    void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
-};
-
-using Keymap = std::unique_ptr<xkb_keymap, Unref>;
-
 KeyTexts serverTexts(xkb_context *context, X11Connection &connection, X11Keyboard &keyboard)
 {
-    const Keymap keymap(xkb_x11_keymap_new_from_device(
-        context, connection.xcb(), keyboard.deviceId(), XKB_KEYMAP_COMPILE_NO_FLAGS));
-    if (keymap)
-        return KeyTexts(keymap.get());
-    qCWarning(logKeyboard) << "The X server's keyboard map cannot be read";
-    return {};
+    const XkbKeymap keymap = readX11Keymap(context, connection, keyboard);
+    return keymap ? KeyTexts(keymap.get()) : KeyTexts();
 }
 
 KeyTexts latinTexts(xkb_context *context)
@@ -36,7 +21,7 @@ KeyTexts latinTexts(xkb_context *context)
     names.rules = "evdev";
     names.model = "pc105";
     names.layout = "us";
-    const Keymap keymap(xkb_keymap_new_from_names(context, &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
+    const XkbKeymap keymap(xkb_keymap_new_from_names(context, &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
     return keymap ? KeyTexts(keymap.get()) : KeyTexts();
 }
 
@@ -92,7 +77,7 @@ std::optional<QString> X11KeyboardLayout::keyText(int carbonKeyCode)
 
 void X11KeyboardLayout::readMap()
 {
-    const std::unique_ptr<xkb_context, Unref> context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
+    const XkbContext context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
     m_texts = serverTexts(context.get(), *m_connection, *m_keyboard);
     const int group = m_keyboard->group();
     m_group = m_texts->isAsciiCapable(group) ? group : firstAsciiCapable(*m_texts);
