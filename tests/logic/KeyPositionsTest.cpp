@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/keyboard/KeyPositions.h"
 
-#include "platform/keyboard/X11Keymap.h"
+#include "tests/support/Keymaps.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
-#include <xkbcommon/xkbcommon.h>
 
 using platform::KeyPosition;
 using platform::KeyPositions;
@@ -27,14 +26,7 @@ namespace {
 
 KeyPositions positionsOn(const char *layout, int group = 0)
 {
-    const platform::XkbContext context(xkb_context_new(XKB_CONTEXT_NO_FLAGS));
-    xkb_rule_names names = {};
-    names.rules = "evdev";
-    names.model = "pc105";
-    names.layout = layout;
-    const platform::XkbKeymap keymap(
-        xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-    return KeyPositions(keymap.get(), group);
+    return KeyPositions(keymapOf(layout).get(), group);
 }
 
 } // namespace

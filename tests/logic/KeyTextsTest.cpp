@@ -2,12 +2,9 @@
 #include "platform/keyboard/KeyTexts.h"
 
 #include "platform/keyboard/NullKeyboardLayout.h"
+#include "tests/support/Keymaps.h"
 
 #include <gtest/gtest.h>
-
-#include <xkbcommon/xkbcommon.h>
-
-#include <memory>
 
 using platform::KeyTexts;
 
@@ -15,16 +12,7 @@ namespace {
 
 KeyTexts textsOf(const char *layout)
 {
-    const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
-        xkb_context_new(XKB_CONTEXT_NO_FLAGS), xkb_context_unref);
-    xkb_rule_names names = {};
-    names.rules = "evdev";
-    names.model = "pc105";
-    names.layout = layout;
-    const std::unique_ptr<xkb_keymap, decltype(&xkb_keymap_unref)> keymap(
-        xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS),
-        xkb_keymap_unref);
-    return KeyTexts(keymap.get());
+    return KeyTexts(keymapOf(layout).get());
 }
 
 } // namespace
