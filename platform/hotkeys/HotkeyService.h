@@ -103,6 +103,15 @@ public:
     /// Gives the key back. A key that is down at that moment is not reported as released.
     virtual void unregisterHotkey(HotkeyRef hotkey) = 0;
 
+    /// Whether another program holds the chord at this moment. One that is registered here does
+    /// not count. Changes nothing for anybody.
+    ///
+    /// @param keyCode   virtual key code
+    /// @param modifiers bits of HotkeyModifier
+    /// @return false also for a chord that this keyboard does not have, and where the desktop
+    ///         cannot tell
+    virtual bool isHeldElsewhere(quint32 keyCode, quint32 modifiers) = 0;
+
     /// Adds a handler that hears of nothing until event types are added to it. Later handlers are
     /// asked first. Errors: Unavailable.
     virtual Result<HotkeyHandlerRef> installHandler(HotkeyHandler handler) = 0;

@@ -25,6 +25,11 @@ Result<HotkeyRef> NullHotkeys::registerHotkey(quint32, quint32, HotkeyId)
 
 void NullHotkeys::unregisterHotkey(HotkeyRef) {}
 
+bool NullHotkeys::isHeldElsewhere(quint32, quint32)
+{
+    return false;
+}
+
 Result<HotkeyHandlerRef> NullHotkeys::installHandler(HotkeyHandler)
 {
     return failure(Error::Kind::Unavailable, m_reason);

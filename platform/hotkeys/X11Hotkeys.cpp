@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/hotkeys/X11Hotkeys.h"
 
+#include "platform/hotkeys/X11GrabProbe.h"
 #include "platform/keyboard/KeyCodes.h"
 #include "platform/log/Log.h"
 
@@ -91,6 +92,17 @@ void X11Hotkeys::unregisterHotkey(HotkeyRef hotkey)
     m_hotkeys.erase(found);
     if (chord && !isWanted(*chord))
         ungrab(*chord);
+}
+
+bool X11Hotkeys::isHeldElsewhere(quint32 keyCode, quint32 modifiers)
+{
+    const std::optional<Chord> chord = chordOf(keyCode, modifiers);
+    if (!chord || isWanted(*chord))
+        return false;
+    std::vector<quint16> masks = m_modifiers.lockVariants(chord->mask);
+    for (quint16 &mask : masks)
+        mask |= chord->mask;
+    return isGrabbedByOthers(*m_connection, chord->keycode, masks);
 }
 
 Result<HotkeyHandlerRef> X11Hotkeys::installHandler(HotkeyHandler handler)

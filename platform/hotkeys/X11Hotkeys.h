@@ -32,6 +32,7 @@ public:
     Availability availability() const override;
     Result<HotkeyRef> registerHotkey(quint32 keyCode, quint32 modifiers, HotkeyId id) override;
     void unregisterHotkey(HotkeyRef hotkey) override;
+    bool isHeldElsewhere(quint32 keyCode, quint32 modifiers) override;
     Result<HotkeyHandlerRef> installHandler(HotkeyHandler handler) override;
     void addEventTypes(HotkeyHandlerRef handler, std::span<const HotkeyEventType> types) override;
     void removeEventTypes(HotkeyHandlerRef handler,

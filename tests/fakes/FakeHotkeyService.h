@@ -42,6 +42,11 @@ public:
         held.erase(hotkey);
     }
 
+    bool isHeldElsewhere(quint32 keyCode, quint32 modifiers) override
+    {
+        return taken.contains({keyCode, modifiers});
+    }
+
     platform::Result<platform::HotkeyHandlerRef>
     installHandler(platform::HotkeyHandler handler) override
     {

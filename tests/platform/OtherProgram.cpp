@@ -7,6 +7,8 @@
 
 #include <cstdlib>
 
+#include <xcb/xinput.h>
+
 OtherProgram::OtherProgram()
     : m_connection(xcb_connect(nullptr, nullptr))
 {
@@ -50,6 +52,23 @@ void OtherProgram::ungrab(xcb_keycode_t key, unsigned modifiers)
     const auto cookie =
         xcb_ungrab_key_checked(m_connection.get(), key, m_root, static_cast<quint16>(modifiers));
     std::free(xcb_request_check(m_connection.get(), cookie));
+}
+
+bool OtherProgram::grabByInputExtension(xcb_keycode_t key, unsigned modifiers)
+{
+    constexpr xcb_input_device_id_t kCoreKeyboard = 3;
+    xcb_connection_t *xcb = m_connection.get();
+    std::free(
+        xcb_input_xi_query_version_reply(xcb, xcb_input_xi_query_version(xcb, 2, 1), nullptr));
+    const quint32 events = XCB_INPUT_XI_EVENT_MASK_KEY_PRESS;
+    const auto cookie = xcb_input_xi_passive_grab_device(
+        xcb, XCB_CURRENT_TIME, m_root, XCB_NONE, key, kCoreKeyboard, 1, 1,
+        XCB_INPUT_GRAB_TYPE_KEYCODE, XCB_INPUT_GRAB_MODE_22_ASYNC, XCB_INPUT_GRAB_MODE_22_ASYNC,
+        XCB_INPUT_GRAB_OWNER_NO_OWNER, &events, &modifiers);
+    auto *answer = xcb_input_xi_passive_grab_device_reply(xcb, cookie, nullptr);
+    const bool isOurs = answer != nullptr && answer->num_modifiers == 0;
+    std::free(answer);
+    return isOurs;
 }
 
 const std::vector<xcb_keycode_t> &OtherProgram::presses()

@@ -22,6 +22,8 @@ public:
     /// Holds a chord, exactly these modifiers. @return false if somebody else has it
     bool grab(xcb_keycode_t key, unsigned modifiers);
     void ungrab(xcb_keycode_t key, unsigned modifiers);
+    /// The same by the XI2 protocol, as mutter does it; ends with the program.
+    bool grabByInputExtension(xcb_keycode_t key, unsigned modifiers);
 
     /// The keys pressed and let go in its window so far.
     const std::vector<xcb_keycode_t> &presses();

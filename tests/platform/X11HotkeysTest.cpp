@@ -361,6 +361,89 @@ TEST_F(X11HotkeysTest, aKeyHeldSinceBeforeItsRegistrationIsNotPressed)
     expectPressAndRelease();
 }
 
+TEST_F(X11HotkeysTest, aChordOfAnotherProgramIsHeldElsewhere)
+{
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+    ASSERT_TRUE(other.grab(TestKeyboard::kV, kShiftSuperMask));
+
+    EXPECT_TRUE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyC, kShiftCommand));
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyV, HotkeyModifier::kCommand));
+
+    other.ungrab(TestKeyboard::kV, kShiftSuperMask);
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+}
+
+TEST_F(X11HotkeysTest, aChordHeldWithOneOfTheLocksOnlyIsHeldElsewhere)
+{
+    ASSERT_TRUE(other.grab(TestKeyboard::kV, kShiftSuperMask | XCB_MOD_MASK_2));
+
+    EXPECT_TRUE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+}
+
+TEST_F(X11HotkeysTest, aChordHeldByTheInputExtensionIsHeldElsewhere)
+{
+    ASSERT_TRUE(other.grabByInputExtension(TestKeyboard::kV, kShiftSuperMask));
+
+    EXPECT_TRUE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyC, kShiftCommand));
+}
+
+TEST_F(X11HotkeysTest, whatIsRegisteredHereIsNotHeldElsewhere)
+{
+    ASSERT_TRUE(hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdV).has_value());
+
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+
+    EXPECT_FALSE(isFree(TestKeyboard::kV));
+    strikeV();
+    expectPressAndRelease();
+}
+
+TEST_F(X11HotkeysTest, whatThisKeyboardDoesNotHaveIsNotHeldElsewhere)
+{
+    for (const auto &[key, modifiers] :
+         {std::pair(0xFFFFU, kShiftCommand), std::pair(63U, kShiftCommand), std::pair(kKeyV, 1U)})
+        EXPECT_FALSE(hotkeys->isHeldElsewhere(key, modifiers));
+}
+
+TEST_F(X11HotkeysTest, askingLeavesTheKeyToWhoeverHasTheKeyboard)
+{
+    EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+
+    EXPECT_TRUE(isFree(TestKeyboard::kV));
+    strikeV();
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        return std::ranges::count(other.presses(), TestKeyboard::kV) == 1 &&
+               std::ranges::count(other.releases(), TestKeyboard::kV) == 1;
+    }));
+    EXPECT_EQ(other.timesGrabbed(), 0);
+    EXPECT_EQ(events, QStringList());
+}
+
+TEST_F(X11HotkeysTest, askingWhileTheChordIsHeldLeavesItsRepeatsAndItsReleaseAlone)
+{
+    keyboard.press(TestKeyboard::kSuper);
+    keyboard.press(TestKeyboard::kShift);
+    keyboard.press(TestKeyboard::kV);
+
+    // Asked as often as a few seconds of repeats take, some of them meet a probe.
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] {
+            EXPECT_FALSE(hotkeys->isHeldElsewhere(kKeyV, kShiftCommand));
+            return std::ranges::count(other.presses(), TestKeyboard::kV) >= 30;
+        },
+        20000));
+    keyboard.release(TestKeyboard::kV);
+    keyboard.strike(TestKeyboard::kReturn);
+
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+        return std::ranges::count(other.releases(), TestKeyboard::kReturn) == 1 &&
+               std::ranges::count(other.releases(), TestKeyboard::kV) > 0;
+    }));
+    EXPECT_EQ(events, QStringList());
+}
+
 TEST_F(X11HotkeysTest, theServiceThatIsGoneHoldsNothing)
 {
     ASSERT_TRUE(hotkeys->registerHotkey(kKeyV, kShiftCommand, kIdV).has_value());
