@@ -17,7 +17,11 @@ struct SystemShortcut
 };
 
 /// The chords that a new shortcut would get in the way of: those of the desktop's settings, and
-/// those that another program holds. Owned by the entry type, main thread only.
+/// those that another program holds at this moment.
+///
+/// The settings are read anew by each refresh(), in the background; whoever records a shortcut
+/// calls it when it begins to. A desktop that tells nothing has an empty list. Owned by the entry
+/// type, main thread only.
 class SystemShortcuts : public QObject
 {
     Q_OBJECT
@@ -25,17 +29,28 @@ class SystemShortcuts : public QObject
 public:
     SystemShortcuts() = default;
 
-    /// Asks all sources anew. Returns at once; what a source answers is in enabledShortcuts() as
-    /// soon as it has answered, and one that does not answer counts as empty.
+    /// Asks all sources anew, and forgets what they answered before. Returns at once: no program is
+    /// waited for, and none is started that was not running. What a source answers is in
+    /// enabledShortcuts() as soon as it has answered, and one that does not answer within three
+    /// seconds counts as empty.
     virtual void refresh() = 0;
+
     /// What the sources have answered since the last refresh(), those that are switched on only.
+    /// Empty before the first. Each chord once, in no particular order; keys that the keyboard
+    /// layout in use at the refresh() meant. Chords whose key has no virtual key code are left out,
+    /// and so are settings that cannot be read.
     virtual std::vector<SystemShortcut> enabledShortcuts() const = 0;
+
     /// Whether another program holds the chord at this moment. One that this program holds does
-    /// not count. False where the desktop cannot tell.
+    /// not count. False where the desktop cannot tell. Two round trips to the X server.
+    ///
+    /// @param keyCode   virtual key code, any number
+    /// @param modifiers bits of HotkeyModifier
     virtual bool isHeldElsewhere(quint32 keyCode, quint32 modifiers) const = 0;
 
 signals:
-    /// Every source has answered, or has been given up, since the last refresh().
+    /// Every source has answered, or has been given up, since the last refresh(). Comes from the
+    /// event loop, once for a refresh() that no other one followed before.
     void refreshed();
 };
 
