@@ -29,9 +29,9 @@ class SystemShortcuts : public QObject
 public:
     SystemShortcuts() = default;
 
-    /// Asks all sources anew, and forgets what they answered before. Returns at once: no program is
-    /// waited for, and none is started that was not running. What a source answers is in
-    /// enabledShortcuts() as soon as it has answered, and one that does not answer within three
+    /// Asks all sources anew, and forgets what they answered before. Returns at once: no other
+    /// program is waited for, and no service is started that does not run. What a source answers is
+    /// in enabledShortcuts() as soon as it has answered, and one that does not answer within three
     /// seconds counts as empty.
     virtual void refresh() = 0;
 
