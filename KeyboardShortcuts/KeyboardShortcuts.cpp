@@ -20,6 +20,7 @@ struct State
     bool isPaused = false;
     bool isMenuOpen = false;
     QSet<Shortcut> registeredShortcuts;
+    QSet<Shortcut> pressedWhilePaused; ///< and not let go since
     Handlers keyDownHandlers;
     Handlers keyUpHandlers;
     std::unique_ptr<MenuTracking> menuTracking;
@@ -48,12 +49,21 @@ void dispatch(const Shortcut &shortcut, Handlers State::*table)
 
 void dispatchKeyDown(const Shortcut &shortcut)
 {
+    if (state().isPaused) {
+        state().pressedWhilePaused.insert(shortcut);
+        emit notifications().didPressWhilePaused(shortcut);
+        return;
+    }
+    state().pressedWhilePaused.remove(shortcut);
     dispatch(shortcut, &State::keyDownHandlers);
 }
 
+// The press of a key may end the pause, for example by being recorded. Letting go of it is then not
+// yet the use of a shortcut.
 void dispatchKeyUp(const Shortcut &shortcut)
 {
-    dispatch(shortcut, &State::keyUpHandlers);
+    if (!state().pressedWhilePaused.remove(shortcut))
+        dispatch(shortcut, &State::keyUpHandlers);
 }
 
 void registerIfNeeded(const Shortcut &shortcut)

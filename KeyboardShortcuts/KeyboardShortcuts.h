@@ -56,7 +56,9 @@ void onKeyUp(const Name &name, Action action);
 bool isEnabled();
 void setEnabled(bool isEnabled);
 
-/// While true the hot keys stay ours but no handler is called.
+/// While true the hot keys stay ours but no handler is called; what is pressed is announced by
+/// Notifications::didPressWhilePaused(). Nor is a handler called for letting go of such a key
+/// later.
 bool isPaused();
 void setPaused(bool isPaused);
 

@@ -19,6 +19,9 @@ class Notifications : public QObject
 signals:
     /// The stored shortcut of `name` was set or removed, perhaps to what it was before.
     void shortcutByNameDidChange(const KeyboardShortcuts::Name &name);
+    /// The hot key of `shortcut` was pressed while isPaused(). The desktop gives such a key to us
+    /// and not to the window that has the keyboard, so who records shortcuts learns of it here.
+    void didPressWhilePaused(const KeyboardShortcuts::Shortcut &shortcut);
 };
 
 } // namespace KeyboardShortcuts

@@ -312,6 +312,55 @@ TEST_F(GlobalShortcutsTest, whilePausedNoHandlerIsCalledButTheKeyIsConsumed)
     EXPECT_EQ(calls, QStringList{QStringLiteral("down")});
 }
 
+TEST_F(GlobalShortcutsTest, aPressWhilePausedIsAnnounced)
+{
+    setShortcut(kShortcut, name);
+    QList<Shortcut> pressed;
+    const QObject listener;
+    QObject::connect(&notifications(), &Notifications::didPressWhilePaused, &listener,
+                     [&pressed](const Shortcut &shortcut) { pressed += shortcut; });
+
+    service->press(kKey, kModifiers);
+    service->release(kKey, kModifiers);
+    EXPECT_TRUE(pressed.isEmpty());
+
+    setPaused(true);
+    service->press(kKey, kModifiers);
+    EXPECT_EQ(pressed, QList<Shortcut>{kShortcut});
+    service->release(kKey, kModifiers);
+    EXPECT_EQ(pressed.size(), 1);
+}
+
+TEST_F(GlobalShortcutsTest, lettingGoOfAKeyPressedWhilePausedCallsNoHandler)
+{
+    setShortcut(kShortcut, name);
+    onKeyUp(name, logged("up"));
+    setPaused(true);
+    service->press(kKey, kModifiers);
+    setPaused(false);
+
+    service->release(kKey, kModifiers);
+    EXPECT_TRUE(calls.isEmpty());
+
+    service->press(kKey, kModifiers);
+    service->release(kKey, kModifiers);
+    EXPECT_EQ(calls, QStringList{QStringLiteral("up")});
+}
+
+TEST_F(GlobalShortcutsTest, aReleaseThatNeverCameDoesNotSilenceTheNextOne)
+{
+    setShortcut(kShortcut, name);
+    onKeyUp(name, logged("up"));
+    setPaused(true);
+    service->press(kKey, kModifiers);
+    setPaused(false);
+
+    service->press(kKey, kModifiers);
+    service->release(kKey, kModifiers);
+
+    EXPECT_EQ(calls, QStringList{QStringLiteral("up")});
+}
+
 TEST_F(GlobalShortcutsTest, disablingGivesTheKeysBackAndKeepsTheEntries)
 {
     setShortcut(kShortcut, name);
