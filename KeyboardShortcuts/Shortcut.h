@@ -45,6 +45,10 @@ struct Shortcut
     /// example "⇧⌘V". Needs KeyboardShortcuts::setUp() for keys that the layout names.
     QString description() const;
 
+    /// The same in words, for screen readers and for who does not know the symbols: the names that
+    /// the keys have on this desktop, for example "Shift+Super+V". Translated.
+    QString spokenDescription() const;
+
     friend constexpr auto operator<=>(const Shortcut &, const Shortcut &) = default;
 };
 

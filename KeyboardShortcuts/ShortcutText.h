@@ -11,6 +11,7 @@ using platform::capitalised;
 using platform::displayedKeyText;
 using platform::keyText;
 using platform::kSpecialKeys;
+using platform::layoutText;
 using platform::modifierSymbols;
 using platform::SpecialKey;
 

@@ -47,6 +47,11 @@ std::optional<QString> keyText(qint64 keyCode, KeyboardLayout *layout)
     const auto special = std::ranges::find(kSpecialKeys, keyCode, &SpecialKey::keyCode);
     if (special != kSpecialKeys.end())
         return QString::fromUtf16(special->text);
+    return layoutText(keyCode, layout);
+}
+
+std::optional<QString> layoutText(qint64 keyCode, KeyboardLayout *layout)
+{
     if (layout == nullptr || keyCode < 0 || keyCode > kLastKeyCode)
         return std::nullopt;
     return layout->keyText(static_cast<int>(keyCode));

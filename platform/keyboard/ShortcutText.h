@@ -43,6 +43,11 @@ QString modifierSymbols(Modifiers modifiers);
 /// @param layout may be null
 std::optional<QString> keyText(qint64 keyCode, KeyboardLayout *layout);
 
+/// What the layout prints on the key, also for the keys of the table above.
+///
+/// @param layout may be null
+std::optional<QString> layoutText(qint64 keyCode, KeyboardLayout *layout);
+
 /// The key's text as shown: capitalised, a word in the user's language, "�" when there is none.
 QString displayedKeyText(qint64 keyCode, KeyboardLayout *layout);
 
