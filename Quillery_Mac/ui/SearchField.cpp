@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Quillery_Mac/ui/SearchField.h"
 
+#include "Quillery_Mac/ui/ClearButton.h"
 #include "Quillery_Mac/ui/Drawing.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
 #include "Quillery_Mac/ui/SystemImage.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
-#include <QAbstractButton>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -14,42 +14,16 @@
 namespace {
 
 constexpr int kMagnifier = 16;
-constexpr int kClear = 14;
 constexpr int kClearInset = 8;
 // QLineEdit keeps this much beside its text whatever its margins are.
 constexpr int kLineEditMargin = 2;
 constexpr qreal kEdge = 1;
 
-class ClearButton : public QAbstractButton
-{
-public:
-    explicit ClearButton(QWidget *parent)
-        : QAbstractButton(parent)
-    {
-        setFocusPolicy(Qt::NoFocus);
-        setCursor(Qt::ArrowCursor);
-        //: The button in a search field that empties it.
-        setAccessibleName(SearchField::tr("Clear"));
-        setToolTip(SearchField::tr("Clear"));
-    }
-
-    QSize sizeHint() const override { return {kClear, kClear}; }
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        const QColor color = isDown() || underMouse() ? paletteColors::text(palette())
-                                                      : paletteColors::quietText(palette());
-        systemImage::draw(painter, QStringLiteral("multiply.circle.fill"), {0, 0}, kClear, color);
-    }
-};
-
 } // namespace
 
 SearchField::SearchField(QWidget *parent)
     : QLineEdit(parent)
-    , m_clear(new ClearButton(this))
+    , m_clear(new ClearButton(tr("Clear"), this))
     , m_ringObserver(showsRing.addNotifier([this] { update(); }))
 {
     setFrame(false);
@@ -58,8 +32,7 @@ SearchField::SearchField(QWidget *parent)
     // A context menu is a window that takes the keyboard away from the menu.
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAttribute(Qt::WA_MacShowFocusRect, false);
-    connect(static_cast<QAbstractButton *>(m_clear), &QAbstractButton::clicked, this,
-            [this] { clear(); });
+    connect(m_clear, &QAbstractButton::clicked, this, [this] { clear(); });
     connect(this, &QLineEdit::textChanged, m_clear,
             [this](const QString &text) { m_clear->setVisible(!text.isEmpty()); });
     m_clear->hide();
@@ -126,14 +99,16 @@ void SearchField::placeText()
 {
     const int before =
         tokens::kListRowPadding + kMagnifier + tokens::kListSlotGap - kLineEditMargin;
-    const int after = kClearInset + kClear + tokens::kSmallGap - kLineEditMargin;
+    const int after = kClearInset + ClearButton::kImage + tokens::kSmallGap - kLineEditMargin;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     setTextMargins(isMirrored ? after : before, 0, isMirrored ? before : after, 0);
 }
 
 void SearchField::placeClearButton()
 {
-    const QRectF place(width() - kClearInset - kClear, (height() - kClear) / 2.0, kClear, kClear);
+    const QRectF place(width() - kClearInset - ClearButton::kImage,
+                       (height() - ClearButton::kImage) / 2.0, ClearButton::kImage,
+                       ClearButton::kImage);
     m_clear->setGeometry(drawing::mirrored(place, rect(), layoutDirection()).toRect());
 }
 

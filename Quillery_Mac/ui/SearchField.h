@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QProperty>
 
+class ClearButton;
+
 /// A one-line search field with a magnifier in front and, while there is text, a button that
 /// clears it.
 class SearchField : public QLineEdit
@@ -29,7 +31,7 @@ private:
     void placeClearButton();
     void takeColors();
 
-    QWidget *m_clear;
+    ClearButton *m_clear;
     QPropertyNotifier m_ringObserver;
     bool m_isTakingColors = false;
 };
