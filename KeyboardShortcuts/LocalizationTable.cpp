@@ -26,7 +26,7 @@ QString tableOf(const QString &bundle, const QString &language)
 QString preferredTable(const QString &bundle, const QLocale &locale, const QString &fallback)
 {
     for (const QString &language : locale.uiLanguages()) {
-        const QString table = tableOf(bundle, language.section(u'-', 0, 0).section(u'_', 0, 0));
+        QString table = tableOf(bundle, language.section(u'-', 0, 0).section(u'_', 0, 0));
         if (QFile::exists(table))
             return table;
     }

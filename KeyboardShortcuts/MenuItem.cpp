@@ -31,7 +31,7 @@ std::optional<QString> find(const std::vector<MenuItem> &menu, const Wanted &wan
     for (const MenuItem &item : menu) {
         if (isMatch(item, wanted))
             return item.title;
-        if (const auto title = find(item.submenu, wanted))
+        if (auto title = find(item.submenu, wanted))
             return title;
     }
     return std::nullopt;
