@@ -36,6 +36,12 @@ protected:
         file.write(text);
     }
 
+    QStringList filesInFolder() const
+    {
+        return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                      QDir::NoDotAndDotDot);
+    }
+
     const QByteArray goodEntry = "[Desktop Entry]\nType=Application\nName=Quillery\nExec=/bin/sh\n";
     const QByteArray hiddenEntry = goodEntry + "Hidden=true\n";
 
