@@ -10,7 +10,6 @@
 #include "platform/hotkeys/SystemShortcuts.h"
 #include "platform/keyboard/KeyboardLayout.h"
 
-#include <QFocusEvent>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
