@@ -50,7 +50,7 @@ protected:
     QPointer<Source> add()
     {
         auto source = std::make_unique<Source>();
-        const QPointer<Source> added = source.get();
+        QPointer<Source> added = source.get();
         next.push_back(std::move(source));
         return added;
     }
