@@ -10,8 +10,10 @@ class Desktop;
 class HotkeyService;
 class KeyboardLayout;
 class KeyEventPoster;
+class LoginItem;
 class MenuWindows;
 class Pasteboard;
+class SystemShortcuts;
 class TrayItem;
 } // namespace platform
 
@@ -30,9 +32,11 @@ struct DesktopServices
     std::unique_ptr<platform::KeyEventPoster> keyEventPoster;
     std::unique_ptr<platform::KeyboardLayout> keyboardLayout;
     std::unique_ptr<platform::HotkeyService> hotkeys;
+    std::unique_ptr<platform::SystemShortcuts> systemShortcuts;
     std::unique_ptr<platform::MenuWindows> panelWindows;   ///< of the floating panel
     std::unique_ptr<platform::MenuWindows> menuBarWindows; ///< of the menu-bar window
     std::unique_ptr<platform::TrayItem> tray;
+    std::unique_ptr<platform::LoginItem> loginItem;
 };
 
 /// Fills in the services of the desktop that this process runs on. Needs the application object.

@@ -5,6 +5,7 @@
 #include "Quillery_Mac/app/DesktopServices.h"
 #include "Quillery_Mac/app/FloatingPanel.h"
 #include "Quillery_Mac/app/MenuBarWindow.h"
+#include "Quillery_Mac/app/MissingHere.h"
 #include "Quillery_Mac/app/Scenes.h"
 #include "Quillery_Mac/app/TrayIcon.h"
 #include "Quillery_Mac/app/WindowPlacement.h"
@@ -12,9 +13,13 @@
 #include "Quillery_Mac/editor/AddSnippet.h"
 #include "Quillery_Mac/editor/ContentViewMac.h"
 #include "Quillery_Mac/menu/MenuView.h"
+#include "Quillery_Mac/settings/SettingsView.h"
+#include "Quillery_Mac/settings/onboarding/FirstLoadView.h"
 #include "Quillery_Mac/ui/PanelWindow.h"
 #include "Quillery_Mac/ui/StandardKeys.h"
+#include "login_item/LaunchAtLogin.h"
 #include "platform/hotkeys/HotkeyService.h"
+#include "platform/hotkeys/SystemShortcuts.h"
 #include "platform/log/Fatal.h"
 #include "platform/log/Log.h"
 #include "platform/pasteboard/Pasteboard.h"
@@ -24,6 +29,7 @@
 #include "updater/Updater.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 #include <chrono>
 
@@ -71,6 +77,7 @@ Quillery_MacApp::Quillery_MacApp(DesktopServices &desktop, platform::Defaults &d
     m_searchRest.setSingleShot(true);
     connect(&m_searchRest, &QTimer::timeout, this, [this] { m_matcher.release(); });
     KeyboardShortcuts::setUp(defaults, *desktop.hotkeys, *desktop.keyboardLayout);
+    LaunchAtLogin::setUp(*desktop.loginItem);
 }
 
 Quillery_MacApp::~Quillery_MacApp()
@@ -80,9 +87,10 @@ Quillery_MacApp::~Quillery_MacApp()
     monitor.reset();
     m_menuBarWindow.reset();
     window.reset();
+    m_unseenLibrary.reset();
     m_scenes.closeWindows();
     funcs.closeWindows();
-    delete m_setup;
+    LaunchAtLogin::tearDown();
 }
 
 void Quillery_MacApp::start()
@@ -140,13 +148,8 @@ void Quillery_MacApp::attachShortcutHandlers()
 
 void Quillery_MacApp::openSetupIfFirstLoad()
 {
-    if (!firstLoad.value())
-        return;
-    m_setup = buildEmptyWindow();
-    m_setup->setAttribute(Qt::WA_DeleteOnClose);
-    m_setup->setWindowTitle(tr("Quillery Setup"));
-    centreOnScreen(*m_setup);
-    activate(*m_setup);
+    if (firstLoad.value())
+        openWindow(SceneId::kWelcome);
 }
 
 void Quillery_MacApp::showTrayItem()
@@ -247,12 +250,17 @@ void Quillery_MacApp::checkForUpdates()
 SceneBuilders Quillery_MacApp::sceneBuilders()
 {
     return {
-        .welcome = buildEmptyWindow,
+        .welcome = [this]() -> QWidget * {
+            return new FirstLoadView(m_defaults, recorderLinks(),
+                                     [this] { return missingHere(abilitiesOf(m_desktop)); });
+        },
         .addSnippet = [this](bool copy) -> QWidget * {
             return new AddSnippet(viewContext(), *m_desktop.pasteboard, copy);
         },
         .snippetLibrary = [this] { return buildLibrary(); },
-        .settings = buildEmptyWindow,
+        .settings = [this]() -> QWidget * {
+            return new SettingsView(m_defaults, recorderLinks(), updaterController);
+        },
     };
 }
 
@@ -262,6 +270,23 @@ QWidget *Quillery_MacApp::buildLibrary()
         {viewContext(), funcs, m_matcher, *m_desktop.pasteboard, [this] { prepareSearch(); }});
     restSearchAfter(*library);
     return library;
+}
+
+KeyboardShortcuts::RecorderLinks Quillery_MacApp::recorderLinks()
+{
+    return {*m_desktop.systemShortcuts, [this] { return mainMenu(); }};
+}
+
+// The library window bears the program's main menu; while it is closed one that nobody sees tells
+// what stands in it.
+QList<QAction *> Quillery_MacApp::mainMenu()
+{
+    if (const auto *library =
+            qobject_cast<const ContentViewMac *>(m_scenes.openWindowOf(SceneId::kLibrary)))
+        return library->menuBar()->actions();
+    if (m_unseenLibrary == nullptr)
+        m_unseenLibrary.reset(buildLibrary());
+    return static_cast<const QMainWindow &>(*m_unseenLibrary).menuBar()->actions();
 }
 
 ManagedObjectContext &Quillery_MacApp::viewContext()

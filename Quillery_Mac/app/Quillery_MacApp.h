@@ -6,6 +6,7 @@
 #include "Quillery_Mac/app/PasteAction.h"
 #include "Quillery_Mac/app/SceneTable.h"
 #include "Quillery_Mac/app/SettingsKeys.h"
+#include "Quillery_Mac/settings/RecorderLinks.h"
 #include "Quillery_Mac/store/PersistenceController.h"
 #include "Quillery_Mac/store/SnippetMatcher.h"
 #include "Quillery_Mac/ui/FieldPasting.h"
@@ -13,7 +14,6 @@
 #include "platform/defaults/DefaultsCell.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QProperty>
 #include <QTimer>
 
@@ -98,6 +98,8 @@ private:
 
     SceneBuilders sceneBuilders();
     QWidget *buildLibrary();
+    KeyboardShortcuts::RecorderLinks recorderLinks();
+    QList<QAction *> mainMenu();
     ManagedObjectContext &viewContext();
     void prepareSearch();
     void copySelection();
@@ -116,7 +118,7 @@ private:
     FieldPasting m_fieldPasting;
     PasteAction m_pasteAction;
     SceneTable m_scenes;
-    QPointer<QWidget> m_setup;
+    std::unique_ptr<QWidget> m_unseenLibrary; ///< for its menu only
     SnippetMatcher m_matcher;
     QTimer m_searchRest;
     int m_searchingViews = 0; ///< that are open

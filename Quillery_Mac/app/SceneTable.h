@@ -41,6 +41,9 @@ public:
     /// identifier that is not in the table is ignored.
     void openWindow(const QString &id);
 
+    /// The open window of a scene; null if there is none.
+    QWidget *openWindowOf(const QString &id) const;
+
     /// Destroys every window that was opened here and is still there.
     void closeWindows();
 
@@ -48,7 +51,6 @@ public:
     QStringList ids() const;
 
 private:
-    QWidget *openWindowOf(const QString &id) const;
     QWidget *makeWindow(const Scene &scene);
 
     std::vector<Scene> m_scenes;

@@ -33,11 +33,3 @@ std::vector<Scene> makeScenes(const SceneBuilders &build)
          .build = build.settings},
     };
 }
-
-QWidget *buildEmptyWindow()
-{
-    // The look gives every one of our windows its own measures; 480 by 350 is the setup window's.
-    auto *window = new QWidget;
-    window->resize(480, 350);
-    return window;
-}

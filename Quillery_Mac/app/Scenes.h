@@ -27,6 +27,3 @@ struct SceneBuilders
 /// identifier, and the tray icon opens it. Nor is there a settings scene without identifier: the
 /// one entry of the desktop's menus for the settings is the "settings" scene.
 std::vector<Scene> makeScenes(const SceneBuilders &build);
-
-/// A window that has a title and nothing else yet.
-QWidget *buildEmptyWindow();

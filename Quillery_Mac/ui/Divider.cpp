@@ -3,13 +3,13 @@
 
 #include "Quillery_Mac/ui/Drawing.h"
 #include "Quillery_Mac/ui/PaletteColors.h"
-#include "Quillery_Mac/ui/Tokens.h"
 
 #include <QEvent>
 #include <QPainter>
 
-Divider::Divider(QWidget *parent)
+Divider::Divider(QWidget *parent, int inset)
     : QWidget(parent)
+    , m_inset(inset)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -24,8 +24,8 @@ void Divider::paintEvent(QPaintEvent *)
     QPainter painter(this);
     const qreal thickness =
         drawing::hairline(paletteColors::lineWidth(palette()), devicePixelRatioF());
-    const QRectF line(tokens::kMenuRowPadding, 0, width() - 2 * tokens::kMenuRowPadding,
-                      std::min(thickness, qreal(height())));
+    QRectF line = QRectF(contentsRect()).adjusted(m_inset, 0, -m_inset, 0);
+    line.setHeight(std::min(thickness, line.height()));
     painter.fillRect(drawing::snapped(line, devicePixelRatioF()),
                      paletteColors::divider(palette()));
 }

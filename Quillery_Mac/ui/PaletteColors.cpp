@@ -113,6 +113,14 @@ QColor sidebar(const QPalette &palette)
     return mixed(text(palette), window(palette), 0.04);
 }
 
+// A dark theme's fields are often darker than its windows: a card stands out from both by being
+// lighter.
+QColor card(const QPalette &palette)
+{
+    const QColor ground = base(palette);
+    return luminance(ground) > luminance(window(palette)) ? ground : sidebar(palette);
+}
+
 QColor windowEdge(const QPalette &palette)
 {
     return line(palette, 0.22);

@@ -18,6 +18,8 @@ QColor window(const QPalette &palette);
 QColor base(const QPalette &palette);
 /// The ground of a column beside the main one.
 QColor sidebar(const QPalette &palette);
+/// The ground of a group of settings.
+QColor card(const QPalette &palette);
 QColor text(const QPalette &palette);
 QColor disabledText(const QPalette &palette);
 /// Second lines, tallies, glyphs at rest.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QSize>
 #include <QtGlobal>
 
 /// The measures that all views share, in points (device-independent pixels) unless a name says
@@ -43,6 +44,18 @@ inline constexpr int kTintedButtonPadding = 10;
 inline constexpr int kFocusRing = 2;
 inline constexpr int kFocusRingClearance = 1;
 
+inline constexpr int kSwitchWidth = 36;
+inline constexpr int kSwitchHeight = 20;
+inline constexpr int kSettingsWidth = 500;
+inline constexpr int kSettingsMargin = 20; ///< window edge to card
+inline constexpr int kCardGap = 16;
+inline constexpr int kCardPadding = 12;
+inline constexpr int kCardRowHeight = 44; ///< at least
+inline constexpr QSize kSetupSize{480, 350};
+inline constexpr int kSetupMargin = 32; ///< on both sides
+inline constexpr int kSetupButtonWidth = 76;
+
+inline constexpr qreal kCardRadius = 8;
 inline constexpr qreal kWindowRadius = 10;
 /// How opaque the menu's ground is where what is behind it is blurred. Quiet text, which has a
 /// contrast of 4.5 on the plain ground, keeps 3 over black and over white.
@@ -52,8 +65,11 @@ inline constexpr qreal kTintedButtonRadius = 5;
 
 inline constexpr qreal kTallyFont = 0.85; ///< times the desktop's font
 inline constexpr qreal kHintFont = 0.92;
+inline constexpr qreal kPageHeadingFont = 1.55;
 
 inline constexpr int kFolderMotion = 120;  ///< milliseconds
 inline constexpr int kLibraryMotion = 150; ///< milliseconds
+inline constexpr int kSwitchMotion = 100;  ///< milliseconds
+inline constexpr int kPageMotion = 180;    ///< milliseconds
 
 } // namespace tokens

@@ -38,6 +38,17 @@
     </message>
 </context>
 <context>
+    <name>AddSnippetShortcutView</name>
+    <message>
+        <source>Choose a keyboard shortcut to quickly add a new Snippet</source>
+        <translation>Ein Tastenkürzel wählen, das schnell einen neuen Textbaustein anlegt</translation>
+    </message>
+    <message>
+        <source>Default: Shift + Command + C: </source>
+        <translation>Vorgabe: Umschalt + Super + C: </translation>
+    </message>
+</context>
+<context>
     <name>ClearHistoryRow</name>
     <message>
         <source>Clear History</source>
@@ -67,6 +78,21 @@
         <source>Confirm?</source>
         <extracomment>The button that really deletes; beside &quot;Cancel&quot; in a narrow row.</extracomment>
         <translation>Löschen?</translation>
+    </message>
+</context>
+<context>
+    <name>ClipHistoryToggleView</name>
+    <message>
+        <source>Enable this option to make sure Quillery automatically loads each time you restart your computer:</source>
+        <translation>Damit startet Quillery nach jedem Neustart des Rechners von selbst:</translation>
+    </message>
+    <message>
+        <source>Enabling Clipboard History will save all your copied text for future pasting from all your iCloud devices:</source>
+        <translation>Mit dem Verlauf der Zwischenablage lässt sich jeder kopierte Text später auf allen eigenen Geräten einfügen:</translation>
+    </message>
+    <message>
+        <source>What&apos;s the maximum number of items we should keep in your Clipboard History?</source>
+        <translation>Wie viele Einträge soll der Verlauf der Zwischenablage höchstens behalten?</translation>
     </message>
 </context>
 <context>
@@ -126,6 +152,13 @@
     </message>
 </context>
 <context>
+    <name>FirstLoadView</name>
+    <message>
+        <source>Quillery Setup</source>
+        <translation>Quillery einrichten</translation>
+    </message>
+</context>
+<context>
     <name>Funcs</name>
     <message>
         <source>Add Snippet</source>
@@ -138,6 +171,20 @@
         <source>Space</source>
         <comment>the space bar</comment>
         <translation>Leertaste</translation>
+    </message>
+</context>
+<context>
+    <name>KeyboardShortcuts::RecorderFace</name>
+    <message>
+        <source>Clear Shortcut</source>
+        <translation>Tastenkürzel entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>LaunchAtLogin::Toggle</name>
+    <message>
+        <source>Launch at login</source>
+        <translation>Beim Anmelden starten</translation>
     </message>
 </context>
 <context>
@@ -535,11 +582,63 @@
     </message>
 </context>
 <context>
-    <name>Quillery_MacApp</name>
+    <name>MissingHere</name>
     <message>
-        <source>Quillery Setup</source>
-        <translation>Quillery einrichten</translation>
+        <source>This desktop grants neither shortcuts nor a tray icon: start Quillery again to open its menu.</source>
+        <translation>Dieser Desktop bietet weder Tastenkürzel noch ein Symbol in der Leiste: Ein erneuter Start von Quillery öffnet das Menü.</translation>
     </message>
+    <message>
+        <source>This desktop grants no shortcuts: open the menu by the tray icon.</source>
+        <translation>Dieser Desktop bietet keine Tastenkürzel: Das Symbol in der Leiste öffnet das Menü.</translation>
+    </message>
+    <message>
+        <source>Another program holds %1: choose another shortcut on the next pages.</source>
+        <translation>Ein anderes Programm hält %1: Auf den nächsten Seiten lässt sich ein anderes Tastenkürzel wählen.</translation>
+    </message>
+    <message>
+        <source>This desktop shows no tray icons: open the menu by its shortcut.</source>
+        <translation>Dieser Desktop zeigt keine Symbole in der Leiste: Das Tastenkürzel öffnet das Menü.</translation>
+    </message>
+    <message>
+        <source>This desktop does not let Quillery type: paste what you picked by yourself, with Ctrl+V.</source>
+        <translation>Dieser Desktop lässt Quillery nicht tippen: Ausgewähltes bitte selbst mit Strg+V einfügen.</translation>
+    </message>
+</context>
+<context>
+    <name>NextButton</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>PageDots</name>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>PasteMenuShortcutView</name>
+    <message>
+        <source>Choose a keyboard shortcut to bring up the Paste menu</source>
+        <translation>Ein Tastenkürzel wählen, das das Einfügemenü öffnet</translation>
+    </message>
+    <message>
+        <source>Default: Shift + Command + V: </source>
+        <translation>Vorgabe: Umschalt + Super + V: </translation>
+    </message>
+</context>
+<context>
+    <name>Quillery_MacApp</name>
     <message>
         <source>Quillery</source>
         <translation>Quillery</translation>
@@ -607,12 +706,201 @@
     <name>SearchField</name>
     <message>
         <source>Clear</source>
-        <extracomment>The button in a search field that empties it.</extracomment>
         <translation>Leeren</translation>
     </message>
     <message>
         <source>Search</source>
         <translation>Suchen</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Keep Clipboard History</source>
+        <translation>Verlauf der Zwischenablage führen</translation>
+    </message>
+    <message>
+        <source>Max clipboard history items:</source>
+        <translation>Einträge im Verlauf, höchstens:</translation>
+    </message>
+    <message>
+        <source>Paste keyboard shortcut:</source>
+        <translation>Tastenkürzel zum Einfügen:</translation>
+    </message>
+    <message>
+        <source>Add Snippet keyboard shortcut:</source>
+        <translation>Tastenkürzel für neue Textbausteine:</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutNames</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Eingabe</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Entf</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>Escape</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfg</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Pos1</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tab</translation>
+    </message>
+    <message>
+        <source>Page Up</source>
+        <translation>Bild auf</translation>
+    </message>
+    <message>
+        <source>Page Down</source>
+        <translation>Bild ab</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Keypad 0</source>
+        <translation>Ziffernblock 0</translation>
+    </message>
+    <message>
+        <source>Keypad 1</source>
+        <translation>Ziffernblock 1</translation>
+    </message>
+    <message>
+        <source>Keypad 2</source>
+        <translation>Ziffernblock 2</translation>
+    </message>
+    <message>
+        <source>Keypad 3</source>
+        <translation>Ziffernblock 3</translation>
+    </message>
+    <message>
+        <source>Keypad 4</source>
+        <translation>Ziffernblock 4</translation>
+    </message>
+    <message>
+        <source>Keypad 5</source>
+        <translation>Ziffernblock 5</translation>
+    </message>
+    <message>
+        <source>Keypad 6</source>
+        <translation>Ziffernblock 6</translation>
+    </message>
+    <message>
+        <source>Keypad 7</source>
+        <translation>Ziffernblock 7</translation>
+    </message>
+    <message>
+        <source>Keypad 8</source>
+        <translation>Ziffernblock 8</translation>
+    </message>
+    <message>
+        <source>Keypad 9</source>
+        <translation>Ziffernblock 9</translation>
+    </message>
+    <message>
+        <source>Num Lock</source>
+        <translation>Num</translation>
+    </message>
+    <message>
+        <source>Keypad Decimal</source>
+        <translation>Ziffernblock Komma</translation>
+    </message>
+    <message>
+        <source>Keypad Divide</source>
+        <translation>Ziffernblock Geteilt</translation>
+    </message>
+    <message>
+        <source>Keypad Enter</source>
+        <translation>Ziffernblock Eingabe</translation>
+    </message>
+    <message>
+        <source>Keypad Equals</source>
+        <translation>Ziffernblock Gleich</translation>
+    </message>
+    <message>
+        <source>Keypad Minus</source>
+        <translation>Ziffernblock Minus</translation>
+    </message>
+    <message>
+        <source>Keypad Multiply</source>
+        <translation>Ziffernblock Mal</translation>
+    </message>
+    <message>
+        <source>Keypad Plus</source>
+        <translation>Ziffernblock Plus</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Volume Up</source>
+        <translation>Lauter</translation>
+    </message>
+    <message>
+        <source>Volume Down</source>
+        <translation>Leiser</translation>
+    </message>
+    <message>
+        <source>Caps Lock</source>
+        <translation>Feststelltaste</translation>
+    </message>
+    <message>
+        <source>key %1</source>
+        <translation>Taste %1</translation>
     </message>
 </context>
 <context>
@@ -639,6 +927,63 @@
     <message>
         <source>No match for “%1”</source>
         <translation>Kein Treffer für „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>SummaryView</name>
+    <message>
+        <source>Enabled</source>
+        <translation>Eingeschaltet</translation>
+    </message>
+    <message>
+        <source>Disabled</source>
+        <translation>Ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>✔️ Your Paste hotkey is </source>
+        <translation>✔️ Tastenkürzel zum Einfügen: </translation>
+    </message>
+    <message>
+        <source>✔️ Your Add Snippet hotkey is </source>
+        <translation>✔️ Tastenkürzel für neue Textbausteine: </translation>
+    </message>
+    <message>
+        <source>✔️ Clipboard History is </source>
+        <translation>✔️ Verlauf der Zwischenablage: </translation>
+    </message>
+    <message>
+        <source>✔️ Storing a maximum of </source>
+        <translation>✔️ Der Verlauf behält höchstens </translation>
+    </message>
+    <message>
+        <source> items in History.</source>
+        <translation> Einträge.</translation>
+    </message>
+    <message>
+        <source>✔️ Autolaunch at login is </source>
+        <translation>✔️ Start beim Anmelden: </translation>
+    </message>
+</context>
+<context>
+    <name>UpdaterSettingsView</name>
+    <message>
+        <source>Automatically check for updates</source>
+        <translation>Automatisch nach Aktualisierungen suchen</translation>
+    </message>
+    <message>
+        <source>Automatically download updates</source>
+        <translation>Aktualisierungen automatisch laden</translation>
+    </message>
+</context>
+<context>
+    <name>WelcomeView</name>
+    <message>
+        <source>Welcome to Quillery</source>
+        <translation>Willkommen bei Quillery</translation>
+    </message>
+    <message>
+        <source>Let&apos;s quickly set up some key features.</source>
+        <translation>Das Wichtigste ist schnell eingerichtet.</translation>
     </message>
 </context>
 </TS>

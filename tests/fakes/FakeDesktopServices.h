@@ -7,8 +7,10 @@
 #include "tests/fakes/FakeHotkeyService.h"
 #include "tests/fakes/FakeKeyEventPoster.h"
 #include "tests/fakes/FakeKeyboardLayout.h"
+#include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakeMenuWindows.h"
 #include "tests/fakes/FakePasteboard.h"
+#include "tests/fakes/FakeSystemShortcuts.h"
 #include "tests/fakes/FakeTrayItem.h"
 
 /// A whole desktop of fakes for the entry type; the references are to what `services` owns.
@@ -23,6 +25,8 @@ struct FakeDesktopServices
         , panelWindows(put(services.panelWindows, new FakeMenuWindows))
         , menuBarWindows(put(services.menuBarWindows, new FakeMenuWindows))
         , tray(put(services.tray, new FakeTrayItem))
+        , loginItem(put(services.loginItem, new FakeLoginItem))
+        , systemShortcuts(put(services.systemShortcuts, new FakeSystemShortcuts))
     {
     }
 
@@ -35,6 +39,8 @@ struct FakeDesktopServices
     FakeMenuWindows &panelWindows;
     FakeMenuWindows &menuBarWindows;
     FakeTrayItem &tray;
+    FakeLoginItem &loginItem;
+    FakeSystemShortcuts &systemShortcuts;
 
 private:
     template <typename Interface, typename Fake>

@@ -93,7 +93,7 @@ def test_a_new_start_follows_a_crash_without_a_bus(desktops, new_user):
     ("quillery", "Quillery"),
     ("add-snippet", "Add Snippet"),
     ("add-snippet-copy", "Add Snippet"),
-    ("welcome-view", "Welcome to Quillery!"),
+    ("welcome-view", "Quillery Setup"),
     ("add-from-selection", "Add Snippet"),
 ])
 def test_a_bus_action_opens_its_window(desktop, new_user, action, title):

@@ -13,7 +13,7 @@
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeMenuWindows.h"
 #include "tests/fakes/FakePasteboard.h"
-#include "updater/Updater.h"
+#include "tests/fakes/FakeUpdater.h"
 
 #include <QCloseEvent>
 #include <QStringList>
@@ -31,18 +31,6 @@ protected:
         menuWindows().dismiss();
         event->accept();
     }
-};
-
-/// An updater that counts.
-class BenchUpdater : public UpdaterController, public Updater
-{
-public:
-    Updater &updater() override { return *this; }
-    bool canCheckForUpdates() const override { return canCheck; }
-    void checkForUpdates() override { ++checks; }
-
-    bool canCheck = true;
-    int checks = 0;
 };
 
 /// A menu over a store in a folder of its own, with fakes for everything of the desktop.
@@ -114,7 +102,7 @@ public:
                 [](QWidget &) {}};
     MenuEnvironment environment{funcs,   context(), defaults, pasteboard, windows,
                                 desktop, matcher,   {},       [] {},      {}};
-    BenchUpdater updater;
+    FakeUpdater updater;
     bool hasUpdater = true;
     QString hint = QStringLiteral("\u21e7\u2318C");
     QProperty<bool> pasteNow{false};

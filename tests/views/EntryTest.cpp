@@ -432,8 +432,8 @@ TEST_F(EntryTest, everySceneIdentifierOpensItsTitledWindow)
     skipSetup();
     start();
     const std::vector<std::pair<const char *, const char *>> scenes{
-        {"welcome-view", "Welcome to Quillery!"}, {"add-snippet", "Add Snippet"},
-        {"add-snippet-copy", "Add Snippet"},      {"quillery", "Quillery"},
+        {"welcome-view", "Quillery Setup"},  {"add-snippet", "Add Snippet"},
+        {"add-snippet-copy", "Add Snippet"}, {"quillery", "Quillery"},
         {"settings", "Quillery Settings"},
     };
 

@@ -153,7 +153,8 @@ platform::Result<void> exportLibrary(ManagedObjectContext &context, const QStrin
         return cannotWrite(
             path, LibraryFault::tr("The text of “%1” could not be read").arg(*writer.unreadable()));
     }
-    if (!file.commit())
+    // What is still in the buffer may fail unnoticed when it is written by commit().
+    if (!file.flush() || !file.commit())
         return cannotWrite(path, file.errorString());
     return {};
 }
