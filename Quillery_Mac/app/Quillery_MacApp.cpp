@@ -284,8 +284,11 @@ QList<QAction *> Quillery_MacApp::mainMenu()
     if (const auto *library =
             qobject_cast<const ContentViewMac *>(m_scenes.openWindowOf(SceneId::kLibrary)))
         return library->menuBar()->actions();
-    if (m_unseenLibrary == nullptr)
+    if (m_unseenLibrary == nullptr) {
         m_unseenLibrary.reset(buildLibrary());
+        QMetaObject::invokeMethod(
+            this, [this] { m_unseenLibrary.reset(); }, Qt::QueuedConnection);
+    }
     return static_cast<const QMainWindow &>(*m_unseenLibrary).menuBar()->actions();
 }
 

@@ -99,6 +99,7 @@ private:
     SceneBuilders sceneBuilders();
     QWidget *buildLibrary();
     KeyboardShortcuts::RecorderLinks recorderLinks();
+    /// The program's menus; to be read at once.
     QList<QAction *> mainMenu();
     ManagedObjectContext &viewContext();
     void prepareSearch();

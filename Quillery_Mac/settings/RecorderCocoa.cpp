@@ -212,6 +212,9 @@ void RecorderCocoa::becomeFirstResponder()
     setPlaceholder(m_texts.text(textKey::kPressShortcut));
     setShowsRing(true);
     setPaused(true);
+    // What another program or the window manager holds comes here only so: what a grab of the whole
+    // keyboard takes is taken from the grabs of single keys.
+    grabKeyboard();
     m_links.systemShortcuts.refresh();
     m_eventMonitor = std::make_unique<LocalEventMonitor>(
         kWatchedEvents, [self = QPointer<RecorderCocoa>(this)](QEvent *event) {
@@ -240,6 +243,7 @@ void RecorderCocoa::controlTextDidEndEditing()
         return;
     m_eventMonitor.reset();
     setPaused(false);
+    releaseKeyboard();
     setPlaceholder(m_texts.text(textKey::kRecordShortcut));
     setShowsRing(false);
     describe();

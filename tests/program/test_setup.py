@@ -11,7 +11,7 @@ from support.waiting import stays, wait_until
 SETUP, SETTINGS = "Quillery Setup", "Quillery Settings"
 QUIET = 0.5  # seconds in which a shortcut that is none any more would have opened something
 COMMAND, SHIFT, CONTROL = 0x100, 0x200, 0x1000
-KEY_B, KEY_J = 11, 38  # virtual key codes
+KEY_V, KEY_B, KEY_J = 9, 11, 38  # virtual key codes
 
 
 def in_front(user, title):
@@ -120,6 +120,57 @@ def test_what_is_no_shortcut_leaves_the_stored_one(desktop, new_user, chord):
         wait_until(lambda: "focused" not in user.control(caption, "push button").states, START_BOUND,
                    "it does not record any more")
         user.summon()
+
+
+def shortcut_field(user):
+    return user.control("Paste keyboard shortcut:", "push button")
+
+
+def begin_to_record(user):
+    user.activate_action("settings")
+    in_front(user, SETTINGS)
+    user.desktop.click(*shortcut_field(user).centre)
+    wait_until(lambda: "focused" in shortcut_field(user).states, START_BOUND, "it records")
+
+
+def answer_alert(user, text, keys):
+    """Waits for the alert with this text and answers it by keys; then it is gone."""
+    def shows():
+        return any(text in name for name in user.names())
+    wait_until(shows, START_BOUND, lambda: f"{text} shows: {user.names()}")
+    for key in keys:
+        user.desktop.key(key)
+    wait_until(lambda: not shows(), START_BOUND, "the alert is gone")
+
+
+def test_a_chord_of_the_menu_is_refused_and_recording_goes_on(each_desktop, new_user):
+    desktop = each_desktop
+    with new_user(desktop) as user:
+        begin_to_record(user)
+        desktop.key("ctrl+w")
+        answer_alert(user, "belongs to the menu item “Close”", ["Return"])
+        wait_until(lambda: "focused" in shortcut_field(user).states, START_BOUND, "it records again")
+
+        desktop.key("ctrl+super+b")
+
+        wait_until(lambda: stored_shortcut(user, "contextHotKey") == (KEY_B, COMMAND | CONTROL),
+                   START_BOUND, "the next chord is stored")
+
+
+@pytest.mark.parametrize("answer, expected", [
+    (["Return"], (KEY_V, COMMAND | SHIFT)),
+    (["Tab", "space"], (KEY_J, COMMAND)),
+])
+def test_a_chord_of_another_program_is_asked_about(each_desktop, new_user, answer, expected):
+    desktop = each_desktop
+    with new_user(desktop) as user, desktop.server.holding("j", "super"):
+        begin_to_record(user)
+        desktop.key("super+j")
+        answer_alert(user, "is already used by the desktop or another program", answer)
+        desktop.key("Escape")
+
+        wait_until(lambda: stored_shortcut(user, "contextHotKey") == expected, START_BOUND,
+                   lambda: f"stored: {stored_shortcut(user, 'contextHotKey')}")
 
 
 def test_the_stored_shortcut_opens_nothing_while_it_is_recorded(each_desktop, new_user):

@@ -181,10 +181,7 @@ class Server:
     def is_grabbed(self, key, *modifiers):
         """Whether another client holds the chord. Nobody else can slip in between: the probe
         holds the whole server while it looks."""
-        masks = {"shift": X.ShiftMask, "ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask}
-        mask = 0
-        for modifier in modifiers:
-            mask |= masks[modifier]
+        mask = modifier_mask(modifiers)
         code = self.keycode(key)
         refused = error.CatchError(error.BadAccess)
         self.display.grab_server()
@@ -198,6 +195,18 @@ class Server:
             self.display.ungrab_server()
             self.display.sync()
         return taken
+
+    @contextlib.contextmanager
+    def holding(self, key, *modifiers):
+        """Holds a chord, as a program with shortcuts of its own does."""
+        code, mask = self.keycode(key), modifier_mask(modifiers)
+        self.root.grab_key(code, mask, False, X.GrabModeAsync, X.GrabModeAsync)
+        self.display.sync()
+        try:
+            yield
+        finally:
+            self.root.ungrab_key(code, mask)
+            self.display.sync()
 
     # -- typing and clicking ------------------------------------------------------------------
 
@@ -270,6 +279,11 @@ class Server:
     def _fake(self, kind, detail):
         xtest.fake_input(self.display, kind, detail)
         self.display.sync()
+
+
+def modifier_mask(modifiers):
+    masks = {"shift": X.ShiftMask, "ctrl": X.ControlMask, "alt": X.Mod1Mask, "super": X.Mod4Mask}
+    return sum(masks[modifier] for modifier in modifiers)
 
 
 def keysym(name):
