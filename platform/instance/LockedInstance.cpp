@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/instance/LockedInstance.h"
 
+#include "platform/instance/LocalSocket.h"
 #include "platform/instance/RuntimeFolder.h"
 #include "platform/log/Log.h"
 
 #include <QCryptographicHash>
 #include <QFile>
-#include <QLocalSocket>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -17,7 +17,7 @@ namespace platform {
 
 namespace {
 
-constexpr int kFirstDeadline = 1000; // milliseconds
+constexpr std::chrono::milliseconds kFirstDeadline{1000};
 constexpr qsizetype kNameLength = 16;
 
 /// The session is the display: names of displays hold slashes and colons, hence the digest. ":0"
@@ -63,38 +63,27 @@ LockedInstance::LockedInstance(int descriptor, bool isFirst, const QString &sock
 
 LockedInstance::~LockedInstance()
 {
-    m_server.close();
+    // Before the lock, with which the place of the socket goes to another.
+    m_listener.reset();
     close(m_descriptor);
 }
 
 void LockedInstance::listen()
 {
     // Whoever holds the lock owns the socket's place: what lies there is of a process that ended.
-    QLocalServer::removeServer(m_socketPath);
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&m_server, &QLocalServer::newConnection, this, &LockedInstance::accept);
-    if (!m_server.listen(m_socketPath))
-        qCWarning(logApp) << "A second start will not be noticed:" << m_server.errorString();
+    auto listener = localSocket::Listener::create(m_socketPath);
+    if (!listener) {
+        qCWarning(logApp) << "A second start will not be noticed:" << listener.error().text;
+        return;
+    }
+    m_listener = std::move(*listener);
+    connect(m_listener.get(), &localSocket::Listener::called, this, &LockedInstance::activated);
 }
 
 void LockedInstance::activateFirst()
 {
-    QLocalSocket socket;
-    socket.connectToServer(m_socketPath);
-    if (!socket.waitForConnected(kFirstDeadline) ||
-        (socket.state() != QLocalSocket::UnconnectedState &&
-         !socket.waitForDisconnected(kFirstDeadline)))
-        qCWarning(logApp) << "The running instance does not answer:" << socket.errorString();
-}
-
-// The connection is the whole message, closing it the whole answer.
-void LockedInstance::accept()
-{
-    while (QLocalSocket *socket = m_server.nextPendingConnection()) {
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        socket->disconnectFromServer();
-        emit activated();
-    }
+    if (const auto answered = localSocket::call(m_socketPath, {}, kFirstDeadline); !answered)
+        qCWarning(logApp) << "The running instance does not answer:" << answered.error().text;
 }
 
 } // namespace platform

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLocalServer>
 #include <QObject>
 #include <QString>
 
 #include <memory>
 
 namespace platform {
+
+namespace localSocket {
+class Listener;
+}
 
 /// The single instance of a display, with a bus or without: a lock for each display in the private
 /// runtime folder, and a socket beside it by which a second start reaches the first.
@@ -37,12 +40,10 @@ signals:
 private:
     LockedInstance(int descriptor, bool isFirst, const QString &socketPath);
 
-    void accept();
-
     int m_descriptor;
     bool m_isFirst;
     QString m_socketPath;
-    QLocalServer m_server;
+    std::unique_ptr<localSocket::Listener> m_listener;
 };
 
 } // namespace platform

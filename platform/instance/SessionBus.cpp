@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/instance/SessionBus.h"
 
+#include "platform/instance/LocalSocket.h"
 #include "platform/log/Log.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QFileInfo>
-#include <QLocalSocket>
 #include <QUrl>
 #include <QVariantMap>
 
@@ -53,13 +53,11 @@ QString socketOf(const QByteArray &address)
 /// Begins to log in, as the library will: it would wait for half a minute for a bus that hangs.
 bool doesAnswer(const QString &socketPath)
 {
-    QLocalSocket socket;
-    socket.connectToServer(socketPath);
-    if (!socket.waitForConnected(kBusDeadline))
-        return false;
     const QByteArray user = QByteArray::number(getuid()).toHex();
-    socket.write(QByteArray(1, '\0') + "AUTH EXTERNAL " + user + "\r\n");
-    return socket.waitForReadyRead(kBusDeadline);
+    const auto answer =
+        localSocket::call(socketPath, QByteArray(1, '\0') + "AUTH EXTERNAL " + user + "\r\n",
+                          std::chrono::milliseconds(kBusDeadline));
+    return answer && !answer->isEmpty();
 }
 
 QDBusMessage call(const QDBusMessage &message, int deadline)
