@@ -79,13 +79,15 @@ TEST_F(SettingsValueTest, whatTheToolkitWroteIsRead)
 
 TEST_F(SettingsValueTest, whatIsWrittenTheToolkitReads)
 {
+    int number = 0;
     for (const QString &text : kTexts) {
-        QFile out(file);
+        // The toolkit remembers a file as long as its size and its time stay the same.
+        QFile out(file + QString::number(++number));
         ASSERT_TRUE(out.open(QIODevice::WriteOnly | QIODevice::Truncate));
         out.write("[General]\nkey=" + settingsValueOf(text) + '\n');
         out.close();
 
-        EXPECT_EQ(QSettings(file, QSettings::IniFormat).value(key).toString(), text)
+        EXPECT_EQ(QSettings(out.fileName(), QSettings::IniFormat).value(key).toString(), text)
             << settingsValueOf(text).constData();
     }
 }
