@@ -8,6 +8,7 @@
 #include "Quillery_Mac/ui/Tokens.h"
 #include "login_item/LaunchAtLogin.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
