@@ -11,8 +11,8 @@ namespace platform {
 /// Desktop Entry Specification, "The Exec key". The escapes of every string value (a doubled
 /// backslash for one) are not in it yet.
 ///
-/// A percent sign is doubled, as the specification says. GLib and systemd look for the program
-/// before they undo that and so never find it: such a program is started by env.
+/// A percent sign is doubled, as those rules want it. GLib and systemd look for the program before
+/// they undo that and so never find it: such a program is started by env.
 ///
 /// @param program absolute path
 /// @return none for a path that env would take for a variable: one with both "%" and "="
