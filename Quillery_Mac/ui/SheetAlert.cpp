@@ -3,6 +3,8 @@
 
 #include <QAbstractButton>
 #include <QEventLoop>
+#include <QFont>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -13,6 +15,17 @@
 namespace {
 
 constexpr auto kIndex = "alertButton";
+
+void emphasise(const QMessageBox &box)
+{
+    // What happened stands out from what can be done about it.
+    auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+    if (label == nullptr)
+        return;
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+}
 
 } // namespace
 
@@ -39,6 +52,7 @@ QMessageBox *SheetAlert::makeBox(QWidget *window) const
     auto *box =
         new QMessageBox(QMessageBox::Warning, QString(), message, QMessageBox::NoButton, window);
     box->setTextFormat(Qt::PlainText);
+    emphasise(*box);
     box->setInformativeText(informativeText);
     // Where each button stands is the desktop's choice, which goes by their roles.
     for (const QString &text : buttons) {
@@ -48,7 +62,7 @@ QMessageBox *SheetAlert::makeBox(QWidget *window) const
             ->setProperty(kIndex, index);
     }
     if (buttons.isEmpty())
-        box->addButton(QMessageBox::Ok);
+        box->addButton(QMessageBox::Ok)->setIcon({}); // as plain as the buttons with texts of ours
     for (QAbstractButton *button : box->buttons()) {
         if (button->property(kIndex).toInt() != 0)
             continue;

@@ -2,6 +2,9 @@
 #include "Quillery_Mac/ui/SheetAlert.h"
 #include "tests/views/RecorderFixture.h"
 
+#include <QLabel>
+#include <QMessageBox>
+
 using namespace KeyboardShortcuts;
 
 namespace {
@@ -169,11 +172,29 @@ TEST_F(RecorderAlertTest, escapeIsTheFirstButton)
     EXPECT_EQ(alert.run(button), 1000);
 }
 
+TEST_F(RecorderAlertTest, whatHappenedStandsOutFromTheAdvice)
+{
+    atAlert([](QMessageBox &box) {
+        const auto *message = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+        const auto *advice = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+        ASSERT_NE(message, nullptr);
+        ASSERT_NE(advice, nullptr);
+        EXPECT_TRUE(message->font().bold());
+        EXPECT_FALSE(advice->font().bold());
+        EXPECT_GE(message->width(), message->minimumSizeHint().width());
+        box.close();
+    });
+
+    const SheetAlert alert{QStringLiteral("Message"), QStringLiteral("Advice"), {}};
+    EXPECT_EQ(alert.run(window.get()), 1000);
+}
+
 TEST_F(RecorderAlertTest, aSheetWithoutButtonsHasOneOk)
 {
     atAlert([](QMessageBox &box) {
         ASSERT_EQ(box.buttons().size(), 1);
         EXPECT_EQ(box.buttons().constFirst()->text().remove(u'&'), kOk);
+        EXPECT_TRUE(box.buttons().constFirst()->icon().isNull());
         QTest::keyClick(&box, Qt::Key_Return);
     });
 
