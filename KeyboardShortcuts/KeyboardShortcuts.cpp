@@ -5,6 +5,7 @@
 #include "KeyboardShortcuts/MenuTracking.h"
 #include "platform/defaults/Defaults.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -20,10 +21,12 @@ struct State
     bool isPaused = false;
     bool isMenuOpen = false;
     QSet<Shortcut> registeredShortcuts;
-    QSet<Shortcut> pressedWhilePaused; ///< and not let go since
+    QSet<Shortcut> pressedWhilePaused;         ///< and not let go since
+    QMap<Name, std::optional<Shortcut>> known; ///< what each name had when it was looked at last
     Handlers keyDownHandlers;
     Handlers keyUpHandlers;
     std::unique_ptr<MenuTracking> menuTracking;
+    QMetaObject::Connection edits;
 };
 
 State &state()
@@ -85,6 +88,7 @@ void store(const Shortcut &shortcut, const Name &name)
     if (const std::optional<Shortcut> old = getShortcut(name))
         unregister(*old);
     registerIfNeeded(shortcut);
+    state().known[name] = shortcut;
     state().defaults->setString(name.defaultsKey(), shortcut.toJson());
     emit notifications().shortcutByNameDidChange(name);
 }
@@ -96,6 +100,7 @@ void clear(const Name &name)
     const std::optional<Shortcut> old = getShortcut(name);
     if (!old)
         return;
+    state().known[name] = std::nullopt;
     if (name.defaultShortcut())
         state().defaults->setBoolean(name.defaultsKey(), false);
     else
@@ -108,6 +113,7 @@ void clear(const Name &name)
 void forget(const Name &name)
 {
     const std::optional<Shortcut> old = getShortcut(name);
+    state().known[name] = std::nullopt;
     state().defaults->remove(name.defaultsKey());
     if (old)
         unregister(*old);
@@ -117,8 +123,39 @@ void forget(const Name &name)
 void addHandler(const Name &name, Action action, Handlers State::*table)
 {
     (state().*table)[name].push_back(std::move(action));
-    if (const std::optional<Shortcut> shortcut = getShortcut(name))
+    const std::optional<Shortcut> shortcut = getShortcut(name);
+    state().known[name] = shortcut;
+    if (shortcut)
         registerIfNeeded(*shortcut);
+}
+
+bool isUsedByAName(const Shortcut &shortcut)
+{
+    const auto &known = state().known;
+    return std::find(known.cbegin(), known.cend(), shortcut) != known.cend();
+}
+
+// What was written by hand while the program runs holds at once, as if it had been recorded.
+void followEdit(const Name &name)
+{
+    const std::optional<Shortcut> now = getShortcut(name);
+    const std::optional<Shortcut> old = std::exchange(state().known[name], now);
+    if (now == old)
+        return;
+    if (old && !isUsedByAName(*old))
+        unregister(*old);
+    if (now)
+        registerIfNeeded(*now);
+    emit notifications().shortcutByNameDidChange(name);
+}
+
+void followEdits(const QString &key)
+{
+    const QList<Name> names = state().known.keys();
+    for (const Name &name : names) {
+        if (name.defaultsKey() == key)
+            followEdit(name);
+    }
 }
 
 } // namespace
@@ -129,11 +166,14 @@ void setUp(platform::Defaults &defaults, platform::HotkeyService &service,
     tearDown();
     state().defaults = &defaults;
     state().layout = &layout;
+    state().edits =
+        QObject::connect(&defaults, &platform::Defaults::changed, &notifications(), followEdits);
     CarbonKeyboardShortcuts::setUp(service);
 }
 
 void tearDown()
 {
+    QObject::disconnect(state().edits);
     CarbonKeyboardShortcuts::tearDown();
     Name::forgetAll();
     state() = State();

@@ -22,8 +22,9 @@ class KeyboardLayout;
 ///
 /// A name owns one entry of the defaults store, "KeyboardShortcuts_" and its text: nothing (no
 /// shortcut), the JSON text of a Shortcut, or false (the user removed the shortcut of a name that
-/// has a default). Whatever else stands there reads as no shortcut and is left alone. Main thread
-/// only; the state is the program's.
+/// has a default). Whatever else stands there reads as no shortcut and is left alone. An entry that
+/// is edited by hand while the program runs is followed at once, for names that have a handler or
+/// were stored. Main thread only; the state is the program's.
 namespace KeyboardShortcuts {
 
 using Action = std::function<void()>;
