@@ -183,6 +183,8 @@ void RecorderCocoa::viewDidMoveToWindow(QWidget *window)
     }
     m_window->installEventFilter(this);
     preventBecomingKey();
+    // So that the desktop has answered when the first chord is pressed.
+    m_links.systemShortcuts.refresh();
 }
 
 void RecorderCocoa::windowDidResignKey()

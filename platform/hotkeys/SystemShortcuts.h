@@ -19,9 +19,9 @@ struct SystemShortcut
 /// The chords that a new shortcut would get in the way of: those of the desktop's settings, and
 /// those that another program holds at this moment.
 ///
-/// The settings are read anew by each refresh(), in the background; whoever records a shortcut
-/// calls it when it begins to. A desktop that tells nothing has an empty list. Owned by the entry
-/// type, main thread only.
+/// The settings are read anew by each refresh(), in the background; whoever lets a shortcut be
+/// recorded calls it when that can begin, and when it does. A desktop that tells nothing has an
+/// empty list. Owned by the entry type, main thread only.
 class SystemShortcuts : public QObject
 {
     Q_OBJECT
@@ -29,16 +29,16 @@ class SystemShortcuts : public QObject
 public:
     SystemShortcuts() = default;
 
-    /// Asks all sources anew, and forgets what they answered before. Returns at once: no other
-    /// program is waited for, and no service is started that does not run. What a source answers is
-    /// in enabledShortcuts() as soon as it has answered, and one that does not answer within three
-    /// seconds counts as empty.
+    /// Asks all sources anew. Returns at once: no other program is waited for, and no service is
+    /// started that does not run. What a source answers is in enabledShortcuts() as soon as it has
+    /// answered, and one that does not answer within three seconds counts as empty; what was
+    /// answered before counts until then.
     virtual void refresh() = 0;
 
-    /// What the sources have answered since the last refresh(), those that are switched on only.
-    /// Empty before the first. Each chord once, in no particular order; keys that the keyboard
-    /// layout in use at the refresh() meant. Chords whose key has no virtual key code are left out,
-    /// and so are settings that cannot be read.
+    /// What the sources answered to the last refresh(), while it goes on also what they answered to
+    /// the one before; those that are switched on only. Empty before the first. Each chord once, in
+    /// no particular order; keys that the keyboard layout in use at the refresh() meant. Chords
+    /// whose key has no virtual key code are left out, and so are settings that cannot be read.
     virtual std::vector<SystemShortcut> enabledShortcuts() const = 0;
 
     /// Whether another program holds the chord at this moment. One that this program holds does

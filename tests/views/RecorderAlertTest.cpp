@@ -42,7 +42,7 @@ TEST_F(RecorderAlertTest, okToTheSystemsShortcutKeepsTheOldOneAndRecordingGoesOn
     EXPECT_EQ(shortcut(), kDefault);
     EXPECT_TRUE(changes.empty());
     expectRecordingGoesOn();
-    EXPECT_EQ(system.refreshes, 2);
+    EXPECT_EQ(system.refreshes, 3);
 }
 
 TEST_F(RecorderAlertTest, useAnywayStoresTheSystemsShortcut)

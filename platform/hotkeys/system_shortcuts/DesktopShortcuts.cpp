@@ -15,6 +15,12 @@ namespace {
 /// small programs.
 constexpr std::chrono::milliseconds kDeadline{3000};
 
+void add(std::vector<SystemShortcut> &shortcuts, const SystemShortcut &shortcut)
+{
+    if (std::ranges::find(shortcuts, shortcut) == shortcuts.end())
+        shortcuts.push_back(shortcut);
+}
+
 } // namespace
 
 DesktopShortcuts::DesktopShortcuts(HotkeyService &hotkeys, Desktop desktop)
@@ -29,6 +35,7 @@ DesktopShortcuts::~DesktopShortcuts() = default;
 
 void DesktopShortcuts::refresh()
 {
+    m_former = enabledShortcuts();
     m_shortcuts.clear();
     m_positions = m_desktop.positions();
     m_sources = m_desktop.sources();
@@ -42,7 +49,10 @@ void DesktopShortcuts::refresh()
 
 std::vector<SystemShortcut> DesktopShortcuts::enabledShortcuts() const
 {
-    return m_shortcuts;
+    std::vector<SystemShortcut> shortcuts = m_shortcuts;
+    for (const SystemShortcut &shortcut : m_former)
+        add(shortcuts, shortcut);
+    return shortcuts;
 }
 
 bool DesktopShortcuts::isHeldElsewhere(quint32 keyCode, quint32 modifiers) const
@@ -54,10 +64,8 @@ bool DesktopShortcuts::isHeldElsewhere(quint32 keyCode, quint32 modifiers) const
 void DesktopShortcuts::take(const std::vector<SymbolChord> &chords)
 {
     for (const SymbolChord &chord : chords) {
-        for (const SystemShortcut &shortcut : shortcutsOf(chord, m_positions)) {
-            if (std::ranges::find(m_shortcuts, shortcut) == m_shortcuts.end())
-                m_shortcuts.push_back(shortcut);
-        }
+        for (const SystemShortcut &shortcut : shortcutsOf(chord, m_positions))
+            add(m_shortcuts, shortcut);
     }
     if (--m_unanswered == 0)
         m_ending.start(std::chrono::milliseconds(0));
@@ -65,6 +73,7 @@ void DesktopShortcuts::take(const std::vector<SymbolChord> &chords)
 
 void DesktopShortcuts::end()
 {
+    m_former.clear();
     m_sources.clear();
     m_positions = {};
     emit refreshed();

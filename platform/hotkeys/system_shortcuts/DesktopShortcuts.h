@@ -47,6 +47,7 @@ private:
     std::vector<SystemShortcut> m_shortcuts;
 
     // While sources are being asked.
+    std::vector<SystemShortcut> m_former; ///< what they said the time before
     Sources m_sources;
     KeyPositions m_positions;
     std::size_t m_unanswered = 0;
