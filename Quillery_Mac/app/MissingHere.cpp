@@ -6,6 +6,7 @@
 #include "Quillery_Mac/app/DesktopServices.h"
 #include "platform/hotkeys/HotkeyService.h"
 #include "platform/keyboard/KeyEventPoster.h"
+#include "platform/session/SessionKind.h"
 #include "platform/tray/TrayItem.h"
 
 #include <QCoreApplication>
@@ -29,26 +30,29 @@ bool isHeld(const KeyboardShortcuts::Shortcut &shortcut)
     });
 }
 
-QString refusedShortcut()
+QStringList refusedShortcuts()
 {
+    QStringList refused;
     for (const Name &name : {Name::contextHotKey(), Name::addHotKey()}) {
         const auto shortcut = KeyboardShortcuts::getShortcut(name);
         if (shortcut && !isHeld(*shortcut))
-            return shortcut->description();
+            refused.append(shortcut->description());
     }
-    return {};
+    return refused;
 }
 
 } // namespace
 
 DesktopAbilities abilitiesOf(const DesktopServices &services)
 {
+    // What X grants, it grants among its own windows only where a compositor shows the others.
+    const bool isWayland = platform::isWaylandSession();
     DesktopAbilities abilities;
-    abilities.hasShortcuts = services.hotkeys->availability().isAvailable;
-    abilities.canType = services.keyEventPoster->availability().isAvailable;
+    abilities.hasShortcuts = !isWayland && services.hotkeys->availability().isAvailable;
+    abilities.canType = !isWayland && services.keyEventPoster->availability().isAvailable;
     abilities.hasTray = services.tray->hasHost();
     if (abilities.hasShortcuts)
-        abilities.refusedShortcut = refusedShortcut();
+        abilities.refusedShortcuts = refusedShortcuts();
     return abilities;
 }
 
@@ -66,9 +70,14 @@ QString missingHere(const DesktopAbilities &abilities)
             "This desktop does not let Quillery type: paste what you picked by yourself, with "
             "Ctrl+V.");
     }
-    if (!abilities.refusedShortcut.isEmpty()) {
+    const QStringList &refused = abilities.refusedShortcuts;
+    if (refused.size() > 1) {
+        return Text::tr("Other programs hold %1 and %2: choose other shortcuts on the next pages.")
+            .arg(refused.at(0), refused.at(1));
+    }
+    if (refused.size() == 1) {
         return Text::tr("Another program holds %1: choose another shortcut on the next pages.")
-            .arg(abilities.refusedShortcut);
+            .arg(refused.at(0));
     }
     if (!abilities.hasTray)
         return Text::tr("This desktop shows no tray icons: open the menu by its shortcut.");

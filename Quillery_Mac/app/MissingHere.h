@@ -2,14 +2,15 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// What the program needs of a desktop, as it was found.
 struct DesktopAbilities
 {
-    bool hasShortcuts = false; ///< a key can reach the program whatever window has the keyboard
-    bool canType = false;      ///< the paste keystroke can be sent to other programs
-    bool hasTray = false;      ///< somebody shows tray icons
-    QString refusedShortcut;   ///< one of ours that somebody else holds, as the user reads it
+    bool hasShortcuts = false;    ///< a key can reach the program whatever window has the keyboard
+    bool canType = false;         ///< the paste keystroke can be sent to other programs
+    bool hasTray = false;         ///< somebody shows tray icons
+    QStringList refusedShortcuts; ///< of ours, held by somebody else, as the user reads them
 };
 
 struct DesktopServices;

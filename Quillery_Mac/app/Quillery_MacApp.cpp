@@ -4,6 +4,7 @@
 #include "KeyboardShortcuts/KeyboardShortcuts.h"
 #include "Quillery_Mac/app/DesktopServices.h"
 #include "Quillery_Mac/app/FloatingPanel.h"
+#include "Quillery_Mac/app/HistoryLimit.h"
 #include "Quillery_Mac/app/MenuBarWindow.h"
 #include "Quillery_Mac/app/MissingHere.h"
 #include "Quillery_Mac/app/Scenes.h"
@@ -20,6 +21,7 @@
 #include "login_item/LaunchAtLogin.h"
 #include "platform/hotkeys/HotkeyService.h"
 #include "platform/hotkeys/SystemShortcuts.h"
+#include "platform/keyboard/KeyboardLayout.h"
 #include "platform/log/Fatal.h"
 #include "platform/log/Log.h"
 #include "platform/pasteboard/Pasteboard.h"
@@ -162,6 +164,8 @@ void Quillery_MacApp::showTrayItem()
     connect(&KeyboardShortcuts::notifications(),
             &KeyboardShortcuts::Notifications::shortcutByNameDidChange, this,
             &Quillery_MacApp::updateToolTip);
+    connect(m_desktop.keyboardLayout.get(), &platform::KeyboardLayout::changed, this,
+            &Quillery_MacApp::updateToolTip);
     m_desktop.tray->show(makeTrayIcon(QApplication::palette().windowText().color()),
                          tr("Quillery"));
     updateToolTip();
@@ -259,7 +263,7 @@ SceneBuilders Quillery_MacApp::sceneBuilders()
         },
         .snippetLibrary = [this] { return buildLibrary(); },
         .settings = [this]() -> QWidget * {
-            return new SettingsView(m_defaults, recorderLinks(), updaterController);
+            return new SettingsView(m_defaults, recorderLinks(), kHistoryLimits, updaterController);
         },
     };
 }

@@ -92,6 +92,7 @@ void HistorySizeSlider::setEntries(int entries)
 {
     const auto found = std::lower_bound(m_values.begin(), m_values.end(), entries);
     setValue(static_cast<int>(found - m_values.begin()));
+    triggerAction(SliderMove); // chosen, also where it stood there already
 }
 
 // The stored position may be any number; the slider stands at the nearest that it has.

@@ -12,7 +12,17 @@ Toggle::Toggle(QWidget *parent)
 
 Toggle::Toggle(const QString &label, Text kind, QWidget *parent)
     : SwitchRow(label, kind, parent)
-    , m_launchAtLogin(observable())
+{
+    follow();
+}
+
+Toggle::Toggle(QWidget &label, QWidget *parent)
+    : SwitchRow(label, parent)
+{
+    follow();
+}
+
+void Toggle::follow()
 {
     connect(&m_launchAtLogin, &Observable::changed, this, &Toggle::refresh);
     connect(&control(), &QAbstractButton::clicked, this, [this](bool isOn) {

@@ -17,11 +17,14 @@ public:
     explicit Toggle(QWidget *parent = nullptr);
     /// With another text, verbatim.
     explicit Toggle(const QString &label, Text kind = Text::OneLine, QWidget *parent = nullptr);
+    /// With a view of the caller's, see SwitchRow.
+    explicit Toggle(QWidget &label, QWidget *parent = nullptr);
 
 private:
+    void follow();
     void refresh();
 
-    Observable &m_launchAtLogin;
+    Observable &m_launchAtLogin = observable();
 };
 
 } // namespace LaunchAtLogin

@@ -34,9 +34,9 @@ quint32 maskOf(const QEvent &event)
 
 } // namespace
 
-LocalEventMonitor::LocalEventMonitor(quint32 events, Callback callback)
-    : m_events(events)
-    , m_callback(std::move(callback))
+LocalEventMonitor::LocalEventMonitor(quint32 mask, Callback theCallback)
+    : events(mask)
+    , callback(std::move(theCallback))
 {
 }
 
@@ -53,7 +53,7 @@ void LocalEventMonitor::stop()
 bool LocalEventMonitor::eventFilter(QObject *receiver, QEvent *event)
 {
     // Asked before each key press: who accepts it gets the key, and no shortcut has it.
-    if (event->type() == QEvent::ShortcutOverride && (m_events & KeyDownMask) != 0) {
+    if (event->type() == QEvent::ShortcutOverride && (events & KeyDownMask) != 0) {
         event->accept();
         return true;
     }
@@ -66,16 +66,15 @@ bool LocalEventMonitor::eventFilter(QObject *receiver, QEvent *event)
 
 bool LocalEventMonitor::isWatched(const QEvent &event) const
 {
-    return (maskOf(event) & m_events) != 0;
+    return (maskOf(event) & events) != 0;
 }
 
 bool LocalEventMonitor::handleWindowEvent(QEvent &event)
 {
     m_isDroppingRelease = false;
     const QPointer<LocalEventMonitor> self(this);
-    const Callback callback = m_callback;
     const bool isKey = event.type() == QEvent::KeyPress;
-    const bool isSwallowed = callback(&event) == nullptr;
+    const bool isSwallowed = Callback(callback)(&event) == nullptr; // it may destroy this
     if (isKey || !isSwallowed || !self)
         return isSwallowed;
     m_isDroppingRelease = true;

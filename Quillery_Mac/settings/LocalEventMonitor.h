@@ -30,7 +30,10 @@ public:
 
     using Callback = std::function<QEvent *(QEvent *event)>;
 
-    LocalEventMonitor(quint32 events, Callback callback);
+    LocalEventMonitor(quint32 mask, Callback theCallback);
+
+    const quint32 events;
+    const Callback callback;
 
     void start();
     void stop();
@@ -41,8 +44,6 @@ private:
     bool isWatched(const QEvent &event) const;
     bool handleWindowEvent(QEvent &event);
 
-    quint32 m_events;
-    Callback m_callback;
     bool m_isDroppingRelease = false; ///< on its way from the window to the widget
 };
 

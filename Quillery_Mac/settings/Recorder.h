@@ -29,6 +29,8 @@ public:
     QWidget *label() const { return m_label; }
     RecorderCocoa &control() const { return *m_control; }
 
+    const Name &name() const { return m_control->shortcutName(); }
+    const OnChange &onChange() const { return m_control->onChange; }
     void setName(const Name &name) { m_control->setShortcutName(name); }
     void setOnChange(OnChange onChange) { m_control->onChange = std::move(onChange); }
 

@@ -20,12 +20,14 @@ using KeyboardShortcuts::Name;
 
 SettingsView::SettingsView(platform::Defaults &defaults,
                            const KeyboardShortcuts::RecorderLinks &recorder,
-                           UpdaterController *controller, QWidget *parent)
+                           std::span<const int> theValues, UpdaterController *controller,
+                           QWidget *parent)
     : QWidget(parent)
     , clipHistory(defaults, SettingsKeys::kClipHistory)
     , historySize(defaults, SettingsKeys::kHistorySize)
     , sync(defaults, SettingsKeys::kSync)
     , syncClips(defaults, SettingsKeys::kSyncClips)
+    , values(theValues)
     , updaterController(controller)
 {
     auto *column = new QVBoxLayout(this);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillery_Mac/app/HistoryLimit.h"
 #include "Quillery_Mac/settings/RecorderLinks.h"
 #include "platform/defaults/DefaultsCell.h"
 
 #include <QProperty>
 #include <QWidget>
+
+#include <span>
 
 class UpdaterController;
 class HistorySizeRow;
@@ -21,9 +22,12 @@ class SettingsView : public QWidget
 
 public:
     /// @param defaults   must outlive the view
+    /// @param values     the history sizes to choose from, the smallest first; must outlive the
+    /// view
     /// @param controller where the program updates itself, else null: then there is nothing to set
     SettingsView(platform::Defaults &defaults, const KeyboardShortcuts::RecorderLinks &recorder,
-                 UpdaterController *controller, QWidget *parent = nullptr);
+                 std::span<const int> values, UpdaterController *controller,
+                 QWidget *parent = nullptr);
 
     platform::DefaultsCell<bool> clipHistory;
     /// An index into `values`, not a count.
@@ -31,7 +35,7 @@ public:
     /// Declared only: nothing here shows them.
     platform::DefaultsCell<bool> sync;
     platform::DefaultsCell<bool> syncClips;
-    static constexpr auto values = kHistoryLimits;
+    std::span<const int> values;
     /// Whether the slider is being dragged.
     QProperty<bool> isEditing{false};
     UpdaterController *updaterController;

@@ -8,14 +8,30 @@
 #include <QLabel>
 #include <QMouseEvent>
 
+namespace {
+
+QWidget &makeLabel(const QString &text, SwitchRow::Text kind)
+{
+    auto *label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(kind == SwitchRow::Text::Wrapped);
+    label->setAccessibleName(text);
+    return *label;
+}
+
+} // namespace
+
 SwitchRow::SwitchRow(const QString &label, Text kind, QWidget *parent)
+    : SwitchRow(makeLabel(label, kind), parent)
+{
+}
+
+SwitchRow::SwitchRow(QWidget &label, QWidget *parent)
     : QWidget(parent)
-    , m_label(new QLabel(label, this))
+    , m_label(&label)
     , m_switch(new Switch(this))
 {
-    m_label->setTextFormat(Qt::PlainText);
-    m_label->setWordWrap(kind == Text::Wrapped);
-    m_switch->setAccessibleName(label);
+    m_switch->setAccessibleName(label.accessibleName());
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(tokens::kCardGap);

@@ -4,7 +4,6 @@
 #include <QProperty>
 #include <QWidget>
 
-class QLabel;
 class Switch;
 
 /// A text with a switch at the end of its line. A click on the text is one on the switch.
@@ -17,11 +16,15 @@ public:
     enum class Text { OneLine, Wrapped };
 
     explicit SwitchRow(const QString &label, Text kind = Text::OneLine, QWidget *parent = nullptr);
+    /// With a view of the caller's in the text's place; the row owns it, and the switch takes its
+    /// accessible name.
+    explicit SwitchRow(QWidget &label, QWidget *parent = nullptr);
 
     /// From now on the switch shows the cell, and what the user switches is put into it. Once only;
     /// the cell must outlive the row.
     void bind(QProperty<bool> &cell);
 
+    QWidget &label() const { return *m_label; }
     Switch &control() const { return *m_switch; }
 
 protected:
@@ -29,7 +32,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
-    QLabel *m_label;
+    QWidget *m_label;
     Switch *m_switch;
     QPropertyNotifier m_observer;
 };

@@ -592,6 +592,10 @@
         <translation>Dieser Desktop bietet keine Tastenkürzel: Das Symbol in der Leiste öffnet das Menü.</translation>
     </message>
     <message>
+        <source>Other programs hold %1 and %2: choose other shortcuts on the next pages.</source>
+        <translation>Andere Programme halten %1 und %2: Auf den nächsten Seiten lassen sich andere Tastenkürzel wählen.</translation>
+    </message>
+    <message>
         <source>Another program holds %1: choose another shortcut on the next pages.</source>
         <translation>Ein anderes Programm hält %1: Auf den nächsten Seiten lässt sich ein anderes Tastenkürzel wählen.</translation>
     </message>

@@ -155,12 +155,15 @@ TEST(MissingHereTest, eachLackHasASentenceOfItsOwn)
     DesktopAbilities noTray = all;
     noTray.hasTray = false;
     DesktopAbilities refused = noTray;
-    refused.refusedShortcut = QStringLiteral("⇧⌘V");
+    refused.refusedShortcuts = {QStringLiteral("⇧⌘V")};
+    DesktopAbilities bothRefused = noTray;
+    bothRefused.refusedShortcuts = {QStringLiteral("⇧⌘V"), QStringLiteral("⇧⌘C")};
     DesktopAbilities noTyping = refused;
     noTyping.canType = false;
     DesktopAbilities noShortcuts = all;
     noShortcuts.hasShortcuts = false;
-    const QStringList sentences{missingHere(noTray), missingHere(refused), missingHere(noTyping),
+    const QStringList sentences{missingHere(noTray),      missingHere(refused),
+                                missingHere(bothRefused), missingHere(noTyping),
                                 missingHere(noShortcuts), missingHere({})};
 
     EXPECT_EQ(QSet<QString>(sentences.begin(), sentences.end()).size(), sentences.size());
@@ -169,4 +172,6 @@ TEST(MissingHereTest, eachLackHasASentenceOfItsOwn)
         EXPECT_EQ(sentence.count(u'.'), 1);
     }
     EXPECT_TRUE(missingHere(refused).contains(QStringLiteral("⇧⌘V")));
+    EXPECT_TRUE(missingHere(bothRefused).contains(QStringLiteral("⇧⌘V")));
+    EXPECT_TRUE(missingHere(bothRefused).contains(QStringLiteral("⇧⌘C")));
 }

@@ -218,3 +218,16 @@ TEST_F(FirstLoadViewTest, whatTheDesktopLacksIsToldOnTheFirstPage)
 
     EXPECT_EQ(texts(page(0)).last(), missing);
 }
+
+TEST_F(FirstLoadViewTest, whatWasMendedMeanwhileIsNotToldAgain)
+{
+    missing = QStringLiteral("Something is missing.");
+    open();
+    next(1);
+    missing.clear();
+
+    click("Back");
+    ASSERT_TRUE(isAlone(0));
+
+    EXPECT_EQ(texts(page(0)).last(), QStringLiteral("Let's quickly set up some key features."));
+}

@@ -2,9 +2,11 @@
 // The settings window, used by key and mouse.
 #include "Quillery_Mac/settings/SettingsView.h"
 
+#include "Quillery_Mac/app/HistoryLimit.h"
 #include "Quillery_Mac/app/SettingsKeys.h"
 #include "Quillery_Mac/settings/CheckForUpdatesViewModel.h"
 #include "Quillery_Mac/settings/HistorySizeSlider.h"
+#include "Quillery_Mac/settings/LaunchAtLoginToggle.h"
 #include "Quillery_Mac/settings/UpdaterSettingsView.h"
 #include "Quillery_Mac/ui/Switch.h"
 #include "tests/fakes/FakeUpdater.h"
@@ -23,7 +25,7 @@ class SettingsViewTest : public SettingsFixture
 protected:
     SettingsView &open()
     {
-        view = std::make_unique<SettingsView>(defaults, recorderLinks(), &updater);
+        view = std::make_unique<SettingsView>(defaults, recorderLinks(), kHistoryLimits, &updater);
         show(*view);
         return *view;
     }
@@ -157,6 +159,17 @@ TEST_F(SettingsViewTest, aStoredPositionOutsideTheRangeShowsNoNumberUntilOneIsCh
     EXPECT_EQ(storedSize(), 9.0);
 }
 
+TEST_F(SettingsViewTest, aScreenReaderChoosesTheEndWhereTheSliderStandsAlready)
+{
+    defaults.setNumber(SettingsKeys::kHistorySize.key(), 12);
+    open();
+
+    QAccessible::queryAccessibleInterface(&slider())->valueInterface()->setCurrentValue(1000);
+
+    EXPECT_EQ(number(), QStringLiteral("1000"));
+    EXPECT_EQ(storedSize(), 9.0);
+}
+
 TEST_F(SettingsViewTest, aPositionThatIsNoNumberShowsNone)
 {
     defaults.setNumber(SettingsKeys::kHistorySize.key(), std::nan(""));
@@ -183,7 +196,7 @@ TEST_F(SettingsViewTest, aDragOfTheSliderIsEditing)
 TEST_F(SettingsViewTest, whatChangesElsewhereShows)
 {
     open();
-    SettingsView other(defaults, recorderLinks(), &updater);
+    SettingsView other(defaults, recorderLinks(), kHistoryLimits, &updater);
     show(other);
 
     QTest::keyClick(other.findChild<HistorySizeSlider *>(), Qt::Key_End);
@@ -246,6 +259,19 @@ TEST_F(SettingsViewTest, theLaunchSwitchShowsWhatTheDesktopHas)
     EXPECT_FALSE(launch.isChecked());
 }
 
+TEST_F(SettingsViewTest, aLaunchSwitchTakesAViewForItsLabel)
+{
+    auto *label = new QLabel(QStringLiteral("With the desktop"));
+    label->setAccessibleName(label->text());
+    LaunchAtLogin::Toggle toggle(*label);
+    show(toggle);
+
+    EXPECT_EQ(&toggle.label(), label);
+    EXPECT_EQ(toggle.control().accessibleName(), label->text());
+    QTest::mouseClick(&toggle, Qt::LeftButton, {}, label->geometry().center());
+    EXPECT_TRUE(login.isOnTheList);
+}
+
 TEST_F(SettingsViewTest, aRefusedLaunchLeavesTheSwitchOff)
 {
     login.registerError = platform::Error{platform::Error::Kind::Io, QStringLiteral("refused")};
@@ -283,7 +309,7 @@ TEST_F(SettingsViewTest, theUpdateSwitchesWriteThroughAndAreReadOnce)
 
 TEST_F(SettingsViewTest, withoutAnUpdaterThereIsNothingToSetForIt)
 {
-    view = std::make_unique<SettingsView>(defaults, recorderLinks(), nullptr);
+    view = std::make_unique<SettingsView>(defaults, recorderLinks(), kHistoryLimits, nullptr);
 
     EXPECT_EQ(view->findChild<UpdaterSettingsView *>(), nullptr);
 }

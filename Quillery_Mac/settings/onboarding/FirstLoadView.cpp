@@ -62,6 +62,8 @@ void FirstLoadView::followFlow()
 {
     m_observers.push_back(flow.currentView.addNotifier([this] {
         const QList<int> path = flow.currentView.value();
+        if (path.isEmpty())
+            tellMissing(); // what was missing may have been mended on the other pages
         m_pages->show(path.isEmpty() ? 0 : path.last());
         // What had the keyboard may be on the page that is left.
         if (QWidget *focus = focusWidget(); focus == nullptr || m_pages->isAncestorOf(focus))
@@ -86,8 +88,13 @@ void FirstLoadView::fitSize()
 void FirstLoadView::showEvent(QShowEvent *event)
 {
     window()->setWindowTitle(tr("Quillery Setup"));
-    m_welcome->setMissing(m_missing ? m_missing() : QString());
+    tellMissing();
     QWidget::showEvent(event);
+}
+
+void FirstLoadView::tellMissing()
+{
+    m_welcome->setMissing(m_missing ? m_missing() : QString());
 }
 
 void FirstLoadView::changeEvent(QEvent *event)

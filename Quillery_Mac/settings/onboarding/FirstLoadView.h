@@ -22,8 +22,8 @@ class FirstLoadView : public QWidget
     Q_OBJECT
 
 public:
-    /// What this desktop lacks, in one sentence; empty if nothing. Asked whenever the setup is
-    /// shown.
+    /// What this desktop lacks, in one sentence; empty if nothing. Asked whenever the first
+    /// page comes up.
     using Missing = std::function<QString()>;
 
     /// @param defaults must outlive the view
@@ -44,6 +44,7 @@ protected:
 private:
     void makePages(platform::Defaults &defaults, const KeyboardShortcuts::RecorderLinks &recorder);
     void followFlow();
+    void tellMissing();
     void fitSize();
 
     Missing m_missing;

@@ -11,7 +11,6 @@ class QWidget;
 
 /// The sequence of the setup's pages, without their windows: which page is on screen, and what the
 /// two buttons do. Main thread only.
-// The name is the one that other documents of the program know it by.
 class onBoardingViews
 {
 public:

@@ -7,6 +7,7 @@
 #include "Quillery_Mac/settings/onboarding/SummaryText.h"
 #include "Quillery_Mac/ui/Tokens.h"
 #include "login_item/LaunchAtLogin.h"
+#include "platform/keyboard/KeyboardLayout.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -59,6 +60,8 @@ SummaryView::SummaryView(platform::Defaults &defaults, std::span<const int> theV
     using KeyboardShortcuts::Notifications;
     connect(&KeyboardShortcuts::notifications(), &Notifications::shortcutByNameDidChange, this,
             &SummaryView::refresh);
+    if (const platform::KeyboardLayout *layout = KeyboardShortcuts::keyboardLayout())
+        connect(layout, &platform::KeyboardLayout::changed, this, &SummaryView::refresh);
     connect(&LaunchAtLogin::observable(), &LaunchAtLogin::Observable::changed, this,
             &SummaryView::refresh);
     m_observers.push_back(clipHistory.cell().addNotifier([this] { refresh(); }));
