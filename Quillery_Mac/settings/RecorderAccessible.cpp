@@ -9,13 +9,23 @@ namespace KeyboardShortcuts {
 
 namespace {
 
-/// A field that takes no text: what it shows is its description.
+/// A field that takes no text. Its name is its caption and the shortcut in words: the signs that it
+/// shows are read out differently by every screen reader, or not at all.
 class RecorderAccessible : public QAccessibleWidget
 {
 public:
     explicit RecorderAccessible(RecorderCocoa *recorder)
         : QAccessibleWidget(recorder, QAccessible::Button)
     {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString text = QAccessibleWidget::text(kind);
+        const QString words = static_cast<RecorderCocoa *>(widget())->words();
+        if (kind != QAccessible::Name || words.isEmpty())
+            return text;
+        return text.isEmpty() ? words : text.trimmed() + u' ' + words;
     }
 
     QStringList actionNames() const override { return {pressAction()}; }

@@ -10,6 +10,7 @@
 #include "platform/hotkeys/SystemShortcuts.h"
 #include "platform/keyboard/KeyboardLayout.h"
 
+#include <QAccessible>
 #include <QHideEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -295,6 +296,8 @@ void RecorderCocoa::describe()
 {
     setToolTip(m_words);
     setAccessibleDescription(m_words.isEmpty() ? placeholder() : m_words);
+    QAccessibleEvent nameChange(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&nameChange);
 }
 
 void RecorderCocoa::tellChange(const std::optional<Shortcut> &shortcut) const

@@ -119,12 +119,12 @@ TEST_F(RecorderLookTest, rightToLeftMovesTheClearButton)
     EXPECT_EQ(recorder().cancelButton().x(), qRound(recorder().bounds().left()));
 }
 
-TEST_F(RecorderLookTest, isKnownByItsCaptionAndDescribedInWords)
+TEST_F(RecorderLookTest, isKnownByItsCaptionAndItsShortcutInWords)
 {
     QAccessibleInterface *interface = accessible(recorder());
 
     EXPECT_EQ(interface->role(), QAccessible::Button);
-    EXPECT_EQ(interface->text(QAccessible::Name), caption);
+    EXPECT_EQ(interface->text(QAccessible::Name), caption + QStringLiteral(" Shift+Super+V"));
     EXPECT_EQ(interface->text(QAccessible::Description), QStringLiteral("Shift+Super+V"));
     EXPECT_EQ(recorder().toolTip(), QStringLiteral("Shift+Super+V"));
 }
