@@ -6,9 +6,10 @@ import pytest
 from conftest import IS_LONG
 from menus import open_by_second_start, open_panel
 from support.desktop import START_BOUND, support_path
-from support.editor_window import TitledWindow, folder, snippet, stored, wait_for_store
+from support.editor_window import folder, snippet, stored, wait_for_store
 from support.quillery import ADD, APPLICATION
 from support.targets import TARGETS, GtkTarget
+from support.titled_window import TitledWindow
 from support.waiting import stays, wait_until
 
 TITLE = "Add Snippet"
@@ -25,13 +26,6 @@ class Form(TitledWindow):
 
     def __init__(self, user):
         super().__init__(user, TITLE)
-
-    def wait_in_front(self):
-        wait_until(self.is_in_front, START_BOUND, lambda: f"the form is in front: {self.user.windows()}")
-        return self
-
-    def wait_gone(self):
-        wait_until(lambda: self.window() is None, START_BOUND, "the form is gone")
 
     def texts(self):
         """The contents of its fields, from the top down."""

@@ -15,6 +15,7 @@ class Control:
     def __init__(self, seen):
         self.name = seen["name"]
         self.role = seen["role"]
+        self.description = seen["description"]
         self.states = seen["states"]
         self.parent = seen["parent"]  # its name
         self.x, self.y, self.width, self.height = seen.get("box", (0, 0, 0, 0))

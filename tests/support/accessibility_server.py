@@ -17,7 +17,8 @@ warnings.simplefilter("ignore", DeprecationWarning)
 
 MAX_DEPTH = 40
 
-STATES = ("SHOWING", "VISIBLE", "FOCUSED", "SELECTED", "CHECKED", "EXPANDED", "EDITABLE")
+STATES = ("SHOWING", "VISIBLE", "ACTIVE", "FOCUSABLE", "FOCUSED", "SELECTED", "CHECKED", "EXPANDED",
+          "EDITABLE")
 
 
 def children(node):
@@ -74,6 +75,7 @@ def description(node):
     result = {
         "name": node.get_name(),
         "role": node.get_role_name(),
+        "description": node.get_description(),
         "parent": parent.get_name() if parent is not None else "",
         "states": [name.lower() for name in STATES if states.contains(getattr(Atspi.StateType, name))],
     }

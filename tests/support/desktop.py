@@ -258,6 +258,13 @@ class Desktop:
         self.move_pointer(x, y)
         self.hands.button(button)
 
+    def click_and_wait(self, x, y, button=1):
+        """Clicks, and waits until the click is where it goes: a window manager may hold it back, and
+        keys overtake it meanwhile."""
+        self.click(x, y, button)
+        self.move_pointer(x + 1, y)  # it comes after the click, and is waited for
+        self.server.window_manager_answers(START_BOUND)
+
     # -- clipboard, by real programs ----------------------------------------------------------
 
     def copy(self, text, program="xclip", selection="clipboard"):

@@ -6,6 +6,7 @@ import collections
 from support.desktop import START_BOUND
 from support.dragging import drag
 from support.quillery import APPLICATION
+from support.titled_window import TitledWindow
 from support.waiting import NotReached, wait_until
 
 TITLE = "Quillery"
@@ -39,26 +40,6 @@ def wait_for_store(user, expected):
                lambda: f"stored: {stored(user)} instead of {expected}")
 
 
-class TitledWindow:
-    """A window of the program that its title tells from the others."""
-
-    def __init__(self, user, title):
-        self.user = user
-        self.desktop = user.desktop
-        self.title = title
-
-    def window(self):
-        found = [window for window in self.user.windows() if window.title == self.title]
-        return found[0] if found else None
-
-    def is_in_front(self):
-        """It has the focus, and the window manager names it as the active window."""
-        window = self.window()
-        server = self.desktop.server
-        return (window is not None and server.has_focus(window.id)
-                and server.active_window() == window.id)
-
-
 class Library(TitledWindow):
     """The library window of a user."""
 
@@ -75,20 +56,7 @@ class Library(TitledWindow):
 
     def close(self):
         self.desktop.key("ctrl+w")
-        wait_until(lambda: self.window() is None, START_BOUND, "the library is closed")
-
-    def wait_in_front(self):
-        wait_until(self.is_in_front, START_BOUND, lambda: f"the library is in front: {self.user.windows()}")
-        self.wait_placed()
-
-    def wait_placed(self):
-        """The program hears of its window's place after the window is there; until then its controls
-        are not where it says."""
-        def is_known():
-            frames = self.desktop.accessibility.controls(APPLICATION, TITLE, "frame")
-            window = self.window()
-            return [(frame.x, frame.y) for frame in frames] == [(window.x, window.y)]
-        wait_until(is_known, START_BOUND, lambda: f"place of {self.window()} is known")
+        self.wait_gone()
 
     def place(self, x, y):
         """Moves the window so that another one has room."""

@@ -218,12 +218,13 @@ class Quillery:
     def summon(self):
         """Presses the shortcut and waits until the menu has the keyboard."""
         self.desktop.key(SUMMON)
-        wait_until(lambda: self.has_keyboard(), START_BOUND, "menu is up with the keyboard")
+        wait_until(self.has_keyboard, START_BOUND, "menu is up with the keyboard")
         return self.menus()[0]
 
     def has_keyboard(self):
+        """Whether the menu has it: another window of the program may have had it before."""
         server = self.desktop.server
-        return any(server.has_focus(window.id) for window in self.windows())
+        return any(server.has_focus(menu.id) for menu in self.menus())
 
     def wait_gone(self):
         wait_until(lambda: not self.menus(), START_BOUND, lambda: f"menu is gone: {self.menus()}")

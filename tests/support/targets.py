@@ -68,10 +68,7 @@ class Target:
         A window that has just come up may have it before the click: a window manager that acts on
         the click only later would take the keyboard from what is opened meanwhile.
         """
-        x, y = self.window().centre
-        self.desktop.click(x, y)
-        self.desktop.move_pointer(x + 1, y)  # it comes after the click, and is waited for
-        self.desktop.server.window_manager_answers(START_BOUND)
+        self.desktop.click_and_wait(*self.window().centre)
         wait_until(self.has_focus, START_BOUND, f"{self.name} has the focus")
 
     def place(self, x, y):

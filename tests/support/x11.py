@@ -178,6 +178,18 @@ class Server:
 
     # -- hot keys -----------------------------------------------------------------------------
 
+    def keyboard_is_free(self):
+        """Whether nobody holds the whole keyboard. Then keys go where the focus is, and wake the
+        hot keys."""
+        self.display.grab_server()
+        try:
+            answer = self.root.grab_keyboard(False, X.GrabModeAsync, X.GrabModeAsync, X.CurrentTime)
+            self.display.ungrab_keyboard(X.CurrentTime)
+        finally:
+            self.display.ungrab_server()
+            self.display.sync()
+        return answer == X.GrabSuccess
+
     def is_grabbed(self, key, *modifiers):
         """Whether another client holds the chord. Nobody else can slip in between: the probe
         holds the whole server while it looks."""
