@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The settings window and its fields for shortcuts, as a user sees and uses them."""
+"""The settings window, its fields for shortcuts and its switches, as a user sees and uses them."""
 
 import json
 
@@ -40,12 +40,7 @@ class ShortcutField:
         self.wait_recording()
 
     def tab_to(self):
-        for _ in range(TAB_STOPS):
-            if self.is_recording():
-                return
-            before = focused(self.user)
-            self.desktop.key("Tab")
-            wait_until(lambda: focused(self.user) not in ([], before), START_BOUND, "the focus moves")
+        tab_until(self.user, self.is_recording)
         self.wait_recording()
 
     def is_recording(self):
@@ -81,11 +76,38 @@ class ShortcutField:
         self.wait_left()
 
 
+class Switch:
+    """The switch behind a caption, in a window that is in front."""
+
+    def __init__(self, user, caption):
+        self.user = user
+        self.caption = caption
+
+    def control(self):
+        return self.user.control(self.caption, "check box")
+
+    def is_on(self):
+        return "checked" in self.control().states
+
+    def wait_on(self, is_on):
+        wait_until(lambda: self.is_on() == is_on, START_BOUND,
+                   lambda: f"{self.caption} is {'on' if is_on else 'off'}")
+
+    def press(self):
+        """By keys alone."""
+        has_keyboard = lambda: "focused" in self.control().states
+        tab_until(self.user, has_keyboard)
+        wait_until(has_keyboard, START_BOUND, lambda: f"{self.caption} has the keyboard: {focused(self.user)}")
+        self.user.desktop.key("space")
+
+
 class SettingsWindow(TitledWindow):
     def __init__(self, user):
         super().__init__(user, "Quillery Settings")
         self.paste = ShortcutField(user, "Paste keyboard shortcut:", "contextHotKey")
         self.add = ShortcutField(user, "Add Snippet keyboard shortcut:", "addHotKey")
+        self.keeps_history = Switch(user, "Keep Clipboard History")
+        self.launch_at_login = Switch(user, "Launch at login")
 
     def open(self):
         self.user.activate_action("settings")
@@ -95,6 +117,16 @@ class SettingsWindow(TitledWindow):
 def focused(user):
     """The names of what has the keyboard; a row hands it to its switch."""
     return [one.name for one in user.desktop.accessibility.controls(APPLICATION) if "focused" in one.states]
+
+
+def tab_until(user, is_there):
+    """Goes from control to control, once around the window at most."""
+    for _ in range(TAB_STOPS):
+        if is_there():
+            return
+        before = focused(user)
+        user.desktop.key("Tab")
+        wait_until(lambda: focused(user) not in ([], before), START_BOUND, "the focus moves")
 
 
 def answer_alert(user, text, button):
