@@ -3,11 +3,10 @@
 
 import pathlib
 import shutil
-import subprocess
 
-import pytest
 from gi.repository import GLib
 
+from logins import logged_in, started_at_login
 from support.desktop import START_BOUND
 from support.quillery import BUS_NAME, program_path
 from support.waiting import wait_until
@@ -23,30 +22,6 @@ def switch(user, state, program):
     assert code == 0
 
 
-def log_in(user, *options, **more):
-    """Starts what a session starts at login, by the starter that sessions without a desktop use."""
-    # The entries of the machine that runs the tests are nobody's business here.
-    environment = dict(user.environment(), XDG_CONFIG_DIRS=str(user.folder / "none"))
-    return user.desktop.start(["dex", "--autostart", *options], extra_env=environment, **more)
-
-
-@pytest.fixture
-def session():
-    """Logs users in; what was started is ended with the test."""
-    sessions = []
-    yield lambda user: sessions.append((user, log_in(user)))
-    for user, process in sessions:
-        user.desktop.processes.end(process)
-
-
-def started_at_login(user):
-    """What a session would start, as it tells."""
-    process = log_in(user, "--dry-run", "--verbose", stdout=subprocess.PIPE)
-    told = process.communicate(timeout=START_BOUND)[0].decode()
-    user.desktop.processes.end(process)
-    return told
-
-
 def running_program(desktop):
     """The file of the program that owns the name on the bus."""
     pid = desktop.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
@@ -54,20 +29,19 @@ def running_program(desktop):
     return pathlib.Path(f"/proc/{pid}/exe").readlink()
 
 
-def test_a_session_starts_the_program_from_its_entry(desktop, new_user, session):
+def test_a_session_starts_the_program_from_its_entry(desktop, new_user):
     user = new_user(desktop)
     program = user.folder / "My programs & more/quillery"
     program.parent.mkdir()
     shutil.copy(program_path(), program)
     switch(user, "on", program)
 
-    session(user)
-
-    wait_until(user.owns_name, START_BOUND, "the program is on the bus")
-    wait_until(user.hot_keys_are_live, START_BOUND, "hot keys are live")
-    assert running_program(desktop) == program
-    user.activate_action("quit")
-    wait_until(lambda: not user.owns_name(), START_BOUND, "the program has ended")
+    with logged_in(user):
+        wait_until(user.owns_name, START_BOUND, "the program is on the bus")
+        wait_until(user.hot_keys_are_live, START_BOUND, "hot keys are live")
+        assert running_program(desktop) == program
+        user.activate_action("quit")
+        wait_until(lambda: not user.owns_name(), START_BOUND, "the program has ended")
 
 
 def test_a_session_starts_nothing_once_the_entry_is_switched_off(desktop, new_user):

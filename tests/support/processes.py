@@ -18,6 +18,12 @@ PR_SET_CHILD_SUBREAPER = 36  # <linux/prctl.h>
 ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1)
 
 
+def as_ordinary_user():
+    """What to put before a command that shall have no more rights to its user's files than everybody
+    has to theirs: root may write what nobody may write."""
+    return ["setpriv", "--inh-caps=-all", "--bounding-set=-all"] if os.geteuid() == 0 else []
+
+
 def end_group(process, bound=TERM_BOUND):
     """Ends a process with all of its group, and reaps it."""
     for number in (signal.SIGTERM, signal.SIGKILL):

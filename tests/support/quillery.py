@@ -34,14 +34,16 @@ def program_path():
 class Quillery:
     """One user of the program: folders of its own, which outlive a restart of the program."""
 
-    def __init__(self, desktop, first_load=False, environment=None, program=None, **settings):
-        """settings: keys of the settings file, for example historySize=9."""
+    def __init__(self, desktop, first_load=False, environment=None, program=None, starter=(), **settings):
+        """settings: keys of the settings file, for example historySize=9. starter: the command that
+        runs the program, if something else does."""
         self.desktop = desktop
         self.folder = desktop.folder / f"user-{next(_numbers)}"
         self.data_folder = self.folder / "data/Quillery"
         self.config_folder = self.folder / "config"
         self.settings_file = self.config_folder / "Quillery/Quillery.conf"
         self.program = program or program_path()
+        self._starter = starter
         self._environment = environment or {}
         self.process = None
         self.data_folder.mkdir(parents=True, mode=0o700)
@@ -70,7 +72,7 @@ class Quillery:
     def start(self, ready=True):
         """Starts the program; returns when its name is on the bus and its hot keys are live."""
         self._errors = open(self.folder / "stderr", "ab")
-        self.process = self.desktop.start([self.program], extra_env=self.environment(),
+        self.process = self.desktop.start([*self._starter, self.program], extra_env=self.environment(),
                                           stderr=self._errors, stdout=self._errors,
                                           restore_signals=False)
         if ready:
