@@ -8,12 +8,11 @@
 #include "Quillery_Mac/menu/SnippetMenuView.h"
 #include "tests/support/MenuBench.h"
 #include "tests/translation/MarkingTranslator.h"
+#include "tests/translation/ShownTexts.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -31,26 +30,6 @@ QString own(const char *text)
 class EveryText : public ::testing::Test
 {
 protected:
-    /// The texts of a window that went around the translation.
-    std::string unmarked(QWidget &window)
-    {
-        m_unmarked.clear();
-        m_count = 0;
-        look(window.windowTitle());
-        lookAt(QAccessible::queryAccessibleInterface(&window));
-        for (const QWidget *widget : window.findChildren<QWidget *>()) {
-            look(widget->toolTip());
-            if (const auto *line = qobject_cast<const QLineEdit *>(widget))
-                look(line->placeholderText());
-        }
-        for (const QAction *action : window.findChildren<QAction *>()) {
-            look(action->text());
-            look(action->toolTip());
-        }
-        EXPECT_GT(m_count, 0);
-        return m_unmarked.join(u'\n').toStdString();
-    }
-
     ContentViewMac &showLibrary()
     {
         EXPECT_TRUE(bench.context().save());
@@ -64,27 +43,6 @@ protected:
     MarkingTranslator translator;
     MenuBench bench;
     std::unique_ptr<ContentViewMac> library;
-
-private:
-    void look(const QString &text)
-    {
-        ++m_count;
-        if (!MarkingTranslator::isMarked(text) && text != QStringLiteral("Quillery"))
-            m_unmarked.append(text);
-    }
-
-    void lookAt(QAccessibleInterface *thing)
-    {
-        if (thing == nullptr || !thing->isValid())
-            return;
-        look(thing->text(QAccessible::Name));
-        look(thing->text(QAccessible::Description));
-        for (int i = 0; i < thing->childCount(); ++i)
-            lookAt(thing->child(i));
-    }
-
-    QStringList m_unmarked;
-    int m_count = 0;
 };
 
 } // namespace
@@ -109,7 +67,7 @@ TEST_F(EveryText, ofTheQuestionWhetherToClearTheHistoryIsTranslated)
 TEST_F(EveryText, ofTheHistoryIsTranslated)
 {
     bench.addClip(" \n\t");
-    bench.addClip(own("three").toUtf8() + "\nlines\nhere");
+    bench.addClip(own("three\nlines\nhere").toUtf8());
     bench.show();
     QTest::keyClick(bench.menu, Qt::Key_Down);
     QTest::keyClick(bench.menu, Qt::Key_Right);

@@ -6,22 +6,21 @@
 #include "platform/keyboard/KeyCodes.h"
 #include "tests/fakes/FakeSystemShortcuts.h"
 #include "tests/logic/KeyboardShortcutsTest.h"
+#include "tests/support/AlertWatch.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <qpa/qwindowsysteminterface.h>
 
 /// A window with a field, the recorder of the paste menu's shortcut, and a button; typed into and
 /// clicked as a window system does it.
-class RecorderFixture : public KeyboardShortcutsTest
+class RecorderFixture : public KeyboardShortcutsTest, protected AlertWatch
 {
 protected:
     using Shortcut = KeyboardShortcuts::Shortcut;
@@ -107,24 +106,6 @@ protected:
         });
     }
 
-    void atAlert(const std::function<void(QMessageBox &)> &act)
-    {
-        alertTimer.disconnect();
-        alertTimer.setInterval(1);
-        QObject::connect(&alertTimer, &QTimer::timeout, &alertTimer, [this, act] {
-            for (QWidget *shown : QApplication::topLevelWidgets()) {
-                auto *alert = qobject_cast<QMessageBox *>(shown);
-                if (alert == nullptr || !alert->isVisible())
-                    continue;
-                alertTimer.stop();
-                ++alerts;
-                act(*alert);
-                return;
-            }
-        });
-        alertTimer.start();
-    }
-
     std::optional<Shortcut> shortcut() const
     {
         return KeyboardShortcuts::getShortcut(Name::contextHotKey());
@@ -133,9 +114,7 @@ protected:
     const QString caption = QStringLiteral("Paste keyboard shortcut:");
     FakeSystemShortcuts system;
     QMenu menu;
-    QTimer alertTimer;
     int beeps = 0;
-    int alerts = 0;
     std::vector<std::optional<Shortcut>> changes;
     std::unique_ptr<QWidget> window;
     QLineEdit *field = nullptr;
