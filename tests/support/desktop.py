@@ -19,6 +19,7 @@ gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
 from support.accessibility import Accessibility  # noqa: E402
+from support.nudging import Nudging  # noqa: E402
 from support.processes import Processes  # noqa: E402
 from support.waiting import wait_until  # noqa: E402
 from support.x11 import Server  # noqa: E402
@@ -54,6 +55,7 @@ class Desktop:
         self._bus_connection = None
         self._clipboard_owner = None
         self._servers = []
+        self._nudging = None
         self._own_processes = []
 
     def __enter__(self):
@@ -72,6 +74,9 @@ class Desktop:
         if self._bus_connection is not None:
             self._bus_connection.close_sync(None)
             self._bus_connection = None
+        if self._nudging is not None:
+            self._nudging.end()
+            self._nudging = None
         for server in self._servers:
             server.close()
         self._servers.clear()
@@ -124,6 +129,8 @@ class Desktop:
         self.server = self.connect(inner)
         # What the user's hands do goes to the outermost server.
         self.hands = self.connect(outer) if self._physical else self.server
+        if self._physical:
+            self._nudging = Nudging(outer)
         if self._with_bus:
             self._start_bus()
         if self._with_accessibility:

@@ -24,12 +24,15 @@ class ShortcutField:
         self.key = key
 
     def control(self):
-        return self.user.control(self.caption, "push button")
+        """Its name is the caption with the shortcut in words."""
+        look = lambda: [one for one in self.desktop.accessibility.controls(APPLICATION, role="push button")
+                        if one.name.startswith(self.caption)]
+        return wait_until(look, START_BOUND, lambda: f"{self.caption} shows; there are {self.user.names()}")[0]
 
     def clear_button(self):
         """None while there is nothing to clear."""
         buttons = self.desktop.accessibility.controls(APPLICATION, "Clear Shortcut", "push button")
-        return next((button for button in buttons if button.parent == self.caption), None)
+        return next((button for button in buttons if button.parent.startswith(self.caption)), None)
 
     # -- recording ----------------------------------------------------------------------------
 
@@ -134,10 +137,13 @@ def answer_alert(user, text, button):
     def shows():
         return any(text in name for name in user.names())
     wait_until(shows, START_BOUND, lambda: f"{text} shows: {user.names()}")
-    has_keyboard = lambda name=None: focused(user) if name is None else name in focused(user)
-    wait_until(lambda: has_keyboard("OK"), START_BOUND, "the alert has the keyboard")
+
+    def wait_focused(name):
+        wait_until(lambda: name in focused(user), START_BOUND, f"{name} has the keyboard")
+
+    wait_focused("OK")
     if button != "OK":
         user.desktop.key("Tab")
-        wait_until(lambda: has_keyboard(button), START_BOUND, f"{button} has the keyboard")
+        wait_focused(button)
     user.desktop.key("space")
     wait_until(lambda: not shows(), START_BOUND, "the alert is gone")
