@@ -21,7 +21,7 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        const QString text = QAccessibleWidget::text(kind);
+        QString text = QAccessibleWidget::text(kind);
         const QString words = static_cast<RecorderCocoa *>(widget())->words();
         if (kind != QAccessible::Name || words.isEmpty())
             return text;
