@@ -35,7 +35,7 @@ protected:
     QByteArray writeLog() const
     {
         ChildProcess writer(inItsOwnRun(LOG_WRITER));
-        const QByteArray printed = writer.readAll();
+        QByteArray printed = writer.readAll();
         EXPECT_EQ(writer.waitForEnd(), 0);
         return printed;
     }

@@ -24,15 +24,20 @@ class ShortcutField:
         self.key = key
 
     def control(self):
-        """Its name is the caption with the shortcut in words."""
-        look = lambda: [one for one in self.desktop.accessibility.controls(APPLICATION, role="push button")
-                        if one.name.startswith(self.caption)]
-        return wait_until(look, START_BOUND, lambda: f"{self.caption} shows; there are {self.user.names()}")[0]
+        return wait_until(self._look, START_BOUND, lambda: f"{self.caption} shows: {self.user.names()}")
+
+    def _look(self):
+        buttons = self.desktop.accessibility.controls(APPLICATION, role="push button")
+        return next((button for button in buttons if self._is_name(button.name)), None)
+
+    def _is_name(self, name):
+        """The caption, and the shortcut in words if there is one."""
+        return name == self.caption or name.startswith(f"{self.caption} ")
 
     def clear_button(self):
         """None while there is nothing to clear."""
         buttons = self.desktop.accessibility.controls(APPLICATION, "Clear Shortcut", "push button")
-        return next((button for button in buttons if button.parent.startswith(self.caption)), None)
+        return next((button for button in buttons if self._is_name(button.parent)), None)
 
     # -- recording ----------------------------------------------------------------------------
 
@@ -136,11 +141,12 @@ def answer_alert(user, text, button):
     """Waits for the alert with this text and answers it with a button, by keys; then it is gone."""
     def shows():
         return any(text in name for name in user.names())
-    wait_until(shows, START_BOUND, lambda: f"{text} shows: {user.names()}")
 
     def wait_focused(name):
         wait_until(lambda: name in focused(user), START_BOUND, f"{name} has the keyboard")
 
+    wait_until(shows, START_BOUND,
+               lambda: f"{text} shows: {user.names()}; in use: {focused(user)}; {user.settings()}")
     wait_focused("OK")
     if button != "OK":
         user.desktop.key("Tab")
