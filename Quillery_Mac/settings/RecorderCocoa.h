@@ -21,8 +21,8 @@ class LocalEventMonitor;
 ///
 /// It records while it has the keyboard: the next chord becomes the shortcut. Opening its window or
 /// coming back to it never starts that by itself. While it records, no shortcut of the program
-/// acts. Who places it gives it its accessible name; screen readers hear the shortcut in words after
-/// it. Main thread only.
+/// acts. Who places it gives it its accessible name; screen readers hear the shortcut in words
+/// after it. Main thread only.
 class RecorderCocoa : public RecorderFace, private RecorderField
 {
     Q_OBJECT
