@@ -157,6 +157,10 @@ void X11Desktop::activate(QWidget &window)
 {
     const auto id = static_cast<quint32>(window.winId());
     setUserTime(id);
+    // Some window managers (xfwm4 4.18) give a new window the focus with the time of the last event
+    // that they saw. If a menu of ours had the focus since, the server refuses that as too old, and
+    // our request below is passed over because the window counts as the one with the focus.
+    m_connection->announceTime();
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();

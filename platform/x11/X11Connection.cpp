@@ -140,6 +140,12 @@ quint32 X11Connection::serverTime()
     return time;
 }
 
+void X11Connection::announceTime()
+{
+    check(xcb_change_property_checked(xcb(), XCB_PROP_MODE_APPEND, root(), atom("_QUILLERY_TIME"),
+                                      XCB_ATOM_STRING, 8, 0, nullptr));
+}
+
 void X11Connection::syncToolkit()
 {
     xcb_connection_t *connection = toolkit();

@@ -81,6 +81,10 @@ public:
     /// The server's time, in milliseconds; 0 if the connection is broken. One round trip.
     quint32 serverTime();
 
+    /// Tells the server's time to the window manager, by a change of the root window's property
+    /// _QUILLERY_TIME that adds nothing to it.
+    void announceTime();
+
     /// Waits until the server has carried out everything that the toolkit has asked for so far.
     static void syncToolkit();
 

@@ -130,6 +130,22 @@ def test_quick_add_opens_an_empty_form_in_front(each_desktop, new_user, open_men
         assert target.text() == b""
 
 
+def test_the_form_has_the_keyboard_where_the_menu_was_the_last_to_have_it(each_desktop, new_user):
+    """With no other window open. It was luck, so there is more than one try."""
+    desktop = each_desktop
+    with new_user(desktop) as user:
+        for _ in range(40 if IS_LONG else 5):
+            user.summon()
+            desktop.key("Escape")
+            user.wait_gone()
+
+            desktop.key(ADD)
+            form = Form(user)
+            form.wait_in_front()
+            desktop.key("Escape")
+            form.wait_gone()
+
+
 def test_the_button_saves_at_the_top(desktop, new_user):
     with new_user(desktop, snippets=[("Old", "old")]) as user, GtkTarget(desktop) as target:
         select_and_press(target, TEXT)

@@ -54,7 +54,7 @@ def open_form(user, chord):
     """By a shortcut, which opens it after a while and not at once."""
     pressed = time.monotonic()
     user.desktop.key(chord)
-    wait_until(TitledWindow(user, "Add Snippet").window, START_BOUND, "the form opens")
+    TitledWindow(user, "Add Snippet").wait_in_front()
     assert time.monotonic() - pressed >= FORM_DELAY
 
 
