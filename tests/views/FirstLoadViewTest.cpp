@@ -159,6 +159,26 @@ TEST_F(FirstLoadViewTest, theKeyboardAloneWalksThroughAndFinishes)
     EXPECT_EQ(stored(SettingsKeys::kFirstLoad), QStringLiteral("false"));
 }
 
+TEST_F(FirstLoadViewTest, tabReachesNothingOnThePageThatSlidesOut)
+{
+    open();
+    next(1);
+    ASSERT_TRUE(isAlone(1));
+    button("Next").setFocus();
+
+    click("Next");
+    for (int time = 0; time < 6; ++time) {
+        QTest::keyClick(view.get(), Qt::Key_Tab);
+        ASSERT_NE(view->focusWidget(), nullptr);
+        EXPECT_FALSE(page(1).isAncestorOf(view->focusWidget()));
+    }
+
+    EXPECT_FALSE(page(1).isVisible());
+    EXPECT_NE(page(2).x(), 0) << "it slid before the keys came";
+    EXPECT_TRUE(isAlone(2));
+    EXPECT_NE(view->focusWidget(), nullptr);
+}
+
 TEST_F(FirstLoadViewTest, aHeldReturnDoesNotRunThroughThePages)
 {
     open();

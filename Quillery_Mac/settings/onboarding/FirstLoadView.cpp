@@ -64,10 +64,10 @@ void FirstLoadView::followFlow()
         const QList<int> path = flow.currentView.value();
         if (path.isEmpty())
             tellMissing(); // what was missing may have been mended on the other pages
-        m_pages->show(path.isEmpty() ? 0 : path.last());
-        // What had the keyboard may be on the page that is left.
+        // What has the keyboard may be on the page that is left.
         if (QWidget *focus = focusWidget(); focus == nullptr || m_pages->isAncestorOf(focus))
             m_buttons->forwardButton().setFocus();
+        m_pages->show(path.isEmpty() ? 0 : path.last());
     }));
     m_observers.push_back(flow.dismiss.addNotifier([this] {
         if (!flow.dismiss.value())

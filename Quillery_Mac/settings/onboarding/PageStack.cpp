@@ -4,13 +4,18 @@
 #include "Quillery_Mac/ui/Motion.h"
 #include "Quillery_Mac/ui/Tokens.h"
 
+#include <QLabel>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 PageStack::PageStack(QWidget *parent)
     : QWidget(parent)
+    , m_leaving(new QLabel(this))
 {
+    m_leaving->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_leaving->hide();
     m_motion.setStartValue(0.0);
     m_motion.setEndValue(1.0);
     m_motion.setEasingCurve(QEasingCurve::OutCubic);
@@ -33,16 +38,20 @@ void PageStack::show(int page)
         return;
     m_motion.stop();
     endMotion();
-    m_leaving = std::exchange(m_current, page);
-    m_pages.at(static_cast<std::size_t>(page))->show();
+    m_former = std::exchange(m_current, page);
+    QWidget &former = *m_pages.at(static_cast<std::size_t>(m_former));
     const int duration = isVisible() ? motion::duration(*this, tokens::kPageMotion) : 0;
+    if (duration > 0) {
+        m_leaving->setPixmap(former.grab());
+        m_leaving->resize(size());
+        m_leaving->show();
+    }
+    m_pages.at(static_cast<std::size_t>(page))->show();
+    former.hide();
     if (duration == 0) {
         endMotion();
         return;
     }
-    // What slides out does not answer any more.
-    m_pages.at(static_cast<std::size_t>(m_leaving))
-        ->setAttribute(Qt::WA_TransparentForMouseEvents, true);
     m_motion.setDuration(duration);
     place(0);
     m_motion.start();
@@ -50,22 +59,19 @@ void PageStack::show(int page)
 
 void PageStack::place(qreal progress)
 {
-    if (m_leaving < 0)
+    if (m_leaving->isHidden())
         return;
-    const bool isForward = m_current > m_leaving;
+    const bool isForward = m_current > m_former;
     const int side = isForward == (layoutDirection() == Qt::LeftToRight) ? 1 : -1;
     const int way = static_cast<int>(std::lround((1 - progress) * width()));
     m_pages.at(static_cast<std::size_t>(m_current))->move(side * way, 0);
-    m_pages.at(static_cast<std::size_t>(m_leaving))->move(side * (way - width()), 0);
+    m_leaving->move(side * (way - width()), 0);
 }
 
 void PageStack::endMotion()
 {
-    if (m_leaving >= 0) {
-        QWidget *left = m_pages.at(static_cast<std::size_t>(std::exchange(m_leaving, -1)));
-        left->hide();
-        left->setAttribute(Qt::WA_TransparentForMouseEvents, false);
-    }
+    m_leaving->hide();
+    m_leaving->clear();
     if (!m_pages.empty())
         m_pages.at(static_cast<std::size_t>(m_current))->setGeometry(rect());
 }

@@ -6,8 +6,11 @@
 
 #include <vector>
 
+class QLabel;
+
 /// Shows one page at a time; the next one slides in from the reading end, an earlier one from the
-/// other side. A page that is not on screen is hidden, so the keyboard does not reach it.
+/// other side. Every other page is hidden, so that neither keyboard nor pointer reaches it: what
+/// slides out is a picture.
 class PageStack : public QWidget
 {
     Q_OBJECT
@@ -32,6 +35,7 @@ private:
 
     std::vector<QWidget *> m_pages;
     int m_current = 0;
-    int m_leaving = -1; ///< the page that slides out; -1 while nothing moves
+    int m_former = 0;
+    QLabel *m_leaving; ///< the picture of the former page; hidden while nothing moves
     QVariantAnimation m_motion;
 };
